@@ -1,0 +1,192 @@
+// Lists the files of a folder with their sizes and checksums, in the language of the user.
+
+#include "inventory.h"
+
+#include <tavex/SLocale>
+#include <tavex/TavexApplication>
+#include <tavex/TavexInfo>
+
+#include <tavex/SConvert>
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTextStream>
+
+using namespace Quorvex;
+
+namespace {
+
+QString tr(const char *text, int n = -1)
+{
+    return QCoreApplication::translate("inventory", text, nullptr, n);
+}
+
+/// What the user asked for.
+struct Options
+{
+    QString folder;
+    QLocale locale;
+    bool json = false;
+};
+
+/// The text of --lang before anything else: the help text is in that language, too.
+QString languageArgument(const QStringList &arguments)
+{
+    const QString option = QStringLiteral("--lang");
+    for (qsizetype i = 1; i < arguments.size(); ++i) {
+        if (arguments.at(i) == option && i + 1 < arguments.size())
+            return arguments.at(i + 1);
+        if (arguments.at(i).startsWith(option + QLatin1Char('=')))
+            return arguments.at(i).mid(option.size() + 1);
+    }
+    return {};
+}
+
+void setLanguage(const QString &name)
+{
+    TavexApplication::translationRegister(QStringLiteral("tavex"));
+    TavexApplication::translationRegister(QStringLiteral("inventory"));
+    TavexApplication::init(name.isEmpty() ? QLocale() : SLocale(name).locale());
+    const auto translators = TavexApplication::translations();
+    for (QTranslator *translator : translators)
+        QCoreApplication::installTranslator(translator);
+}
+
+Options parse(const QStringList &arguments)
+{
+    const QCommandLineOption lang(QStringLiteral("lang"),
+        tr("Language of the output, such as de or fr."), QStringLiteral("LANG"));
+    const QCommandLineOption json(QStringLiteral("json"), tr("Write JSON instead of text."));
+    QCommandLineOption defaultFolder(
+        QStringLiteral("default-folder"), {}, QStringLiteral("FOLDER"));
+    defaultFolder.setFlags(QCommandLineOption::HiddenFromHelp);
+    defaultFolder.setDefaultValue(QStringLiteral("."));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        tr("Lists every file below a folder with its size and its CRC-32 checksum."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOptions({lang, json, defaultFolder});
+    parser.addPositionalArgument(
+        QStringLiteral("FOLDER"), tr("The folder to list."), QStringLiteral("[FOLDER]"));
+    parser.process(arguments);
+
+    const QStringList folders = parser.positionalArguments();
+    if (folders.size() > 1)
+        parser.showHelp(2);
+    return {folders.value(0, parser.value(defaultFolder)), QLocale(), parser.isSet(json)};
+}
+
+/// Writes the records one by one, as text.
+class TextReport
+{
+public:
+    explicit TextReport(const QLocale &locale)
+        : m_locale(locale)
+    {
+        writeLine(tr("Size"), tr("CRC-32"), tr("Path"));
+    }
+
+    void add(const FileRecord &record)
+    {
+        if (!record.crc) {
+            m_out.flush();
+            m_err << tr("Cannot read %1: %2").arg(record.path, record.error) << Qt::endl;
+            return;
+        }
+        writeLine(readableSize(record.size, m_locale), crcText(*record.crc), record.path);
+    }
+
+    void finish(int count, qint64 bytes, int failures)
+    {
+        m_out << '\n' << tr("%n file(s), %1", count).arg(readableSize(bytes, m_locale)) << '\n';
+        if (failures > 0)
+            m_out << tr("%n file(s) could not be read.", failures) << '\n';
+    }
+
+private:
+    void writeLine(const QString &size, const QString &crc, const QString &path)
+    {
+        m_out << QStringLiteral("%1  %2  ").arg(size, 12).arg(crc, -8) << path << '\n';
+    }
+
+    QTextStream m_out{stdout};
+    QTextStream m_err{stderr};
+    QLocale m_locale;
+};
+
+/// Collects the records and writes them as one JSON document.
+class JsonReport
+{
+public:
+    void add(const FileRecord &record)
+    {
+        QJsonObject file{
+            {QStringLiteral("path"), record.path}, {QStringLiteral("size"), record.size}};
+        if (record.crc)
+            file.insert(QStringLiteral("crc32"), crcText(*record.crc));
+        else
+            file.insert(QStringLiteral("error"), record.error);
+        m_files.append(file);
+    }
+
+    void finish(int count, qint64 bytes, int failures) const
+    {
+        const QJsonObject report{{QStringLiteral("files"), m_files},
+            {QStringLiteral("count"), count}, {QStringLiteral("bytes"), bytes},
+            {QStringLiteral("unreadable"), failures}};
+        QTextStream(stdout) << QString::fromUtf8(QJsonDocument(report).toJson());
+    }
+
+private:
+    QJsonArray m_files;
+};
+
+/// Lists the folder through \a report; the exit status is 1 if a file could not be read.
+template <typename Report>
+int list(const QString &folder, Report report)
+{
+    int count = 0;
+    int failures = 0;
+    qint64 bytes = 0;
+    const QStringList paths = findFiles(folder);
+    for (const QString &path : paths) {
+        const FileRecord record = examine(folder, path);
+        report.add(record);
+        if (record.crc) {
+            ++count;
+            bytes += record.size;
+        } else {
+            ++failures;
+        }
+    }
+    report.finish(count, bytes, failures);
+    return failures > 0 ? 1 : 0;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("inventory"));
+    QCoreApplication::setApplicationVersion(SConvert::toString(TavexInfo::version(), QLocale::c()));
+    setLanguage(languageArgument(QCoreApplication::arguments()));
+
+    const Options options = parse(QCoreApplication::arguments());
+    const QFileInfo folder(options.folder);
+    if (!folder.isDir() || !folder.isReadable()) {
+        QTextStream(stderr) << tr("%1 is not a folder that can be read.").arg(options.folder)
+                            << '\n';
+        return 2;
+    }
+    if (options.json)
+        return list(options.folder, JsonReport());
+    return list(options.folder, TextReport(options.locale));
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <tavex/core/export.h>
+
+#include <QString>
+
+namespace Quorvex {
+
+class ISEnum;
+class SEnumTranslatorBase;
+
+/// Supplies texts and keys of one enumeration at run time. Register it with SEnumRuntimeLoader.
+class TAVEX_EXPORT ISEnumRuntimeLoader
+{
+public:
+    ISEnumRuntimeLoader() = default;
+    Q_DISABLE_COPY_MOVE(ISEnumRuntimeLoader)
+    virtual ~ISEnumRuntimeLoader();
+
+    /// Adds texts with SEnumTranslatorBase::insert(). Called at every load of the enumeration's
+    /// translator, after its run-time texts were emptied.
+    virtual void load(SEnumTranslatorBase *translator) = 0;
+
+    /// Adds keys with ISEnum::addKey(). Called once, when the key table is built.
+    virtual void loadKeys(ISEnum *keys) = 0;
+
+    /// The name of the enumeration, such as "Bool".
+    [[nodiscard]] virtual QString name() const = 0;
+};
+
+} // namespace Quorvex

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <tavex/core/export.h>
+#include <tavex/core/sversion.h>
+
+#include <QString>
+#include <QStringList>
+
+namespace Quorvex {
+
+/// The outside components that an application is built with, and their licences. Qt is registered
+/// from load on. All members may be called from any thread.
+class TAVEX_EXPORT S3rdParty
+{
+public:
+    /// Registers the component \a name, whose licence text is the file or resource \a licensePath,
+    /// with its web site and version, in place of what was registered under that name. An empty
+    /// name is ignored.
+    static void registerModule(const QString &name, const QString &licensePath, const QString &site,
+        const SVersion &version);
+
+    /// The names in the order in which they were registered.
+    [[nodiscard]] static QStringList modules();
+
+    [[nodiscard]] static bool isRegistered(const QString &name);
+
+    // What was registered with a name; an empty text or the null version for an unknown name.
+    [[nodiscard]] static QString licensePath(const QString &name);
+    [[nodiscard]] static QString site(const QString &name);
+    [[nodiscard]] static SVersion version(const QString &name);
+
+    [[nodiscard]] static QString qtSite();
+};
+
+} // namespace Quorvex

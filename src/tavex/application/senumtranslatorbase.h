@@ -1,0 +1,105 @@
+#pragma once
+
+#include <tavex/core/export.h>
+#include <tavex/enums/enumtranslationoptions.h>
+
+#include <QHash>
+#include <QLocale>
+#include <QString>
+#include <QStringList>
+#include <QTranslator>
+
+namespace Quorvex {
+
+/// Turns the keys of one enumeration into words of the current language.
+///
+/// The words come from the enumeration's catalogue ("Bool_de.qm": the context is the enumeration's
+/// name, the source text is the key), from texts added at run time, and from the English catalogue.
+/// A translator registers itself with TavexApplication, which loads it then and at every
+/// TavexApplication::init(). Look-ups may run on any thread, but not while the translator is being
+/// loaded or changed.
+class TAVEX_EXPORT SEnumTranslatorBase
+{
+public:
+    static constexpr EnumTranslationOptions DefaultOptions =
+        EnumTranslationOptions::TranslateLocale | EnumTranslationOptions::TranslateFallback;
+
+    Q_DISABLE_COPY_MOVE(SEnumTranslatorBase)
+    /// Also takes the translator out of the registration.
+    virtual ~SEnumTranslatorBase();
+
+    /// The enumeration's name: the base name of its catalogues, and their context.
+    [[nodiscard]] virtual QString name() const = 0;
+    /// The keys that can be translated.
+    [[nodiscard]] virtual QStringList keys() const = 0;
+    /// The header that declares the enumeration, below its library's source root and without
+    /// extension, such as "enums/bool".
+    [[nodiscard]] virtual QString headerPath() const = 0;
+
+    /// Loads the catalogues for \a locale and English from \a folder, in place of those loaded
+    /// before, and the texts of the runtime loader. False when a catalogue is missing; look-ups
+    /// then fall through to the next source.
+    bool load(const QLocale &locale, const QString &folder);
+
+    /// The words of a key, or of several keys separated by commas, which are then joined by ", ".
+    [[nodiscard]] QString etr(
+        const QString &text, const EnumTranslationOptions &options = DefaultOptions) const;
+    [[nodiscard]] QStringList etr(
+        const QStringList &texts, const EnumTranslationOptions &options = DefaultOptions) const;
+
+    /// Whether there are words for \a key, be it the key itself.
+    [[nodiscard]] bool contains(
+        const QString &key, const EnumTranslationOptions &options = DefaultOptions) const;
+
+    /// Sets the run-time texts of \a key: in the current language, and the fallback. They are lost
+    /// at the next load; ISEnumRuntimeLoader adds them anew each time.
+    void insert(const QString &key, const QString &text, const QString &fallbackText);
+    /// False when \a key has no run-time texts.
+    bool remove(const QString &key);
+
+    /// The marker by which a text asks for the words of this enumeration, such as "{T:Bool}".
+    [[nodiscard]] QString translateStringFormat() const;
+
+    /// Whether \a text asks for translation, by the marker or by "{T:All}", and \a locale is the
+    /// default locale, in whose language the words are.
+    [[nodiscard]] bool useTranslation(const QString &text, const QLocale &locale = QLocale()) const;
+
+protected:
+    SEnumTranslatorBase();
+
+    bool _load(const QString &name, const QLocale &locale, const QString &folder);
+
+    /// Registers the translator and loads it for the default locale. To be called by the most
+    /// derived class when it is constructed.
+    void translationRegister();
+
+private:
+    struct Texts
+    {
+        QString text;
+        QString fallback;
+    };
+
+    [[nodiscard]] QString _translate(
+        const QString &context, const QString &key, const EnumTranslationOptions &options) const;
+
+    QTranslator m_language;
+    QTranslator m_english;
+    QHash<QString, Texts> m_runtimeTexts;
+};
+
+} // namespace Quorvex
+
+/// Declares the translator of the enumeration Name; see tavex/enums/senum.h.
+#define TAVEX_ENUM_TRANSLATOR(Name)                                                                \
+    class TAVEX_EXPORT Name##_TR final : public SEnumTranslatorBase                                \
+    {                                                                                              \
+    public:                                                                                        \
+        [[nodiscard]] static Name##_TR &instance();                                                \
+        [[nodiscard]] QString name() const override;                                               \
+        [[nodiscard]] QStringList keys() const override;                                           \
+        [[nodiscard]] QString headerPath() const override;                                         \
+                                                                                                   \
+    private:                                                                                       \
+        Name##_TR();                                                                               \
+    }

@@ -1,0 +1,69 @@
+#include <tavex/convert/slocale.h>
+
+namespace Quorvex {
+
+static QLocale klingon()
+{
+    return {QLocale::Language(114), QLocale::AnyScript, QLocale::AnyTerritory};
+}
+
+static const QString &klingonName()
+{
+    static const QString name = QStringLiteral("tlh");
+    return name;
+}
+
+SLocale::SLocale(QLocale::NumberOptions options)
+    : SLocale(QLocale(), options)
+{
+}
+
+SLocale::SLocale(const QLocale &locale, QLocale::NumberOptions options)
+    : m_locale(locale)
+{
+    m_locale.setNumberOptions(options);
+}
+
+SLocale::SLocale(const QString &name, QLocale::NumberOptions options)
+    : SLocale(
+        name.compare(klingonName(), Qt::CaseInsensitive) == 0 ? klingon() : QLocale(name), options)
+{
+}
+
+QString SLocale::name(bool languageOnly) const
+{
+    return name(m_locale, languageOnly);
+}
+
+QString SLocale::nativeLanguageName() const
+{
+    return nativeLanguageName(m_locale);
+}
+
+bool SLocale::isKlingon(const QLocale &locale)
+{
+    return locale.language() == klingon().language();
+}
+
+QString SLocale::name(const QLocale &locale, bool languageOnly)
+{
+    if (isKlingon(locale))
+        return klingonName();
+    const QString name = locale.name();
+    return languageOnly ? name.left(name.indexOf(QLatin1Char('_'))) : name;
+}
+
+QString SLocale::lcName(const QLocale &locale, bool keepUnderscore)
+{
+    QString result = name(locale);
+    if (!keepUnderscore)
+        result.replace(QLatin1Char('_'), QLatin1Char('-'));
+    return result;
+}
+
+QString SLocale::nativeLanguageName(const QLocale &locale)
+{
+    return isKlingon(locale) ? QStringLiteral("tlhIngan Hol") : locale.nativeLanguageName();
+}
+
+} // namespace Quorvex

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <compare>
+#include <concepts>
+#include <limits>
+#include <type_traits>
+
+namespace Quorvex {
+
+/// An integer that counts: every integral type but `bool` and the character types. `signed char`
+/// and `unsigned char` are the 8-bit integers.
+template <typename T>
+concept SInteger =
+    std::integral<T> && !std::same_as<T,
+        bool> && !std::same_as<T, char> && !std::same_as<T, wchar_t> && !std::same_as<T, char8_t> && !std::same_as<T, char16_t> && !std::same_as<T, char32_t>;
+
+/// A number: an SInteger, `float` or `double`.
+template <typename T>
+concept SNumber = SInteger<T> || std::same_as<T, float> || std::same_as<T, double>;
+
+/// \a value as T. An integer type takes it truncated towards zero; what does not fit becomes the
+/// nearest limit and NaN becomes 0. `float` takes it rounded, and infinite where it is too large.
+template <SNumber T>
+[[nodiscard]] constexpr T saturated(double value) noexcept
+{
+    if constexpr (std::floating_point<T>) {
+        return static_cast<T>(value);
+    } else {
+        using Limits = std::numeric_limits<T>;
+        // One past the largest value: a power of two, which a double holds exactly for every width.
+        constexpr double end = 2.0 * static_cast<double>((Limits::max)() / 2 + 1);
+        if (value != value)
+            return 0;
+        if (value >= end)
+            return (Limits::max)();
+        if (value <= static_cast<double>((Limits::min)()))
+            return (Limits::min)();
+        return static_cast<T>(value);
+    }
+}
+
+/// Compares two numbers by their values, whatever their signedness and width.
+template <SInteger A, SNumber B>
+[[nodiscard]] constexpr auto compareNumbers(A a, B b) noexcept
+{
+    if constexpr (std::floating_point<B>) {
+        return static_cast<double>(a) <=> static_cast<double>(b);
+    } else if constexpr (std::is_signed_v<A> == std::is_signed_v<B>) {
+        return a <=> b;
+    } else if constexpr (std::is_signed_v<A>) {
+        return a < 0 ? std::strong_ordering::less : std::make_unsigned_t<A>(a) <=> b;
+    } else {
+        return b < 0 ? std::strong_ordering::greater : a <=> std::make_unsigned_t<B>(b);
+    }
+}
+
+} // namespace Quorvex

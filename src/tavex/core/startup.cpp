@@ -1,0 +1,168 @@
+// The composition root: what happens when the library is loaded, in order, and is undone when it is
+// unloaded. Nothing else in the library registers anything before it is used.
+
+#include <tavex/application/s3rdparty.h>
+#include <tavex/convert/svariantconvert.h>
+#include <tavex/core/sversion.h>
+#include <tavex/enums/binaryunit.h>
+#include <tavex/enums/bool.h>
+#include <tavex/enums/byteorder.h>
+#include <tavex/enums/concurrencemode.h>
+#include <tavex/enums/cpufeatureflags.h>
+#include <tavex/enums/cputype.h>
+#include <tavex/enums/metadataflags.h>
+#include <tavex/enums/operatingsystem.h>
+#include <tavex/enums/operatingsystemtype.h>
+#include <tavex/enums/scslengthunit.h>
+#include <tavex/enums/silengthunit.h>
+#include <tavex/enums/siprefix.h>
+#include <tavex/enums/specialfolder.h>
+
+#include <QVariant>
+
+#include <array>
+
+// Every enumeration of the library. Those of the first list can be held in a QVariant and printed
+// from there as soon as the library is loaded; TRANSLATED ones have a translator too.
+#define TAVEX_META_ENUMS(PLAIN, TRANSLATED)                                                        \
+    PLAIN(MetadataFlags)                                                                           \
+    TRANSLATED(Bool)                                                                               \
+    PLAIN(SpecialFolder)                                                                           \
+    PLAIN(ByteOrder)                                                                               \
+    PLAIN(CpuFeatureFlags)                                                                         \
+    PLAIN(CpuType)                                                                                 \
+    TRANSLATED(OperatingSystemType)                                                                \
+    TRANSLATED(BinaryUnit)                                                                         \
+    PLAIN(SCSLengthUnit)                                                                           \
+    PLAIN(SILengthUnit)                                                                            \
+    PLAIN(SIPrefix)                                                                                \
+    TRANSLATED(ConcurrenceMode)
+#define TAVEX_OTHER_ENUMS(PLAIN) PLAIN(OperatingSystem)
+
+#define DEFINE_KEY_TABLE(Name)                                                                     \
+    Name##_T::Name##_T()                                                                           \
+        : SEnumBase(rows)                                                                          \
+    {                                                                                              \
+        loadRuntimeKeys();                                                                         \
+    }                                                                                              \
+    const Name##_T &Name##_T::instance()                                                           \
+    {                                                                                              \
+        static const Name##_T table;                                                               \
+        return table;                                                                              \
+    }                                                                                              \
+    QString Name##_T::name() const                                                                 \
+    {                                                                                              \
+        return QStringLiteral(#Name);                                                              \
+    }                                                                                              \
+    bool Name##_T::isFlagSet() const                                                               \
+    {                                                                                              \
+        return isFlagSetType<Name>;                                                                \
+    }
+
+#define DEFINE_TRANSLATED(Name)                                                                    \
+    DEFINE_KEY_TABLE(Name)                                                                         \
+    Name##_TR::Name##_TR()                                                                         \
+    {                                                                                              \
+        translationRegister();                                                                     \
+    }                                                                                              \
+    Name##_TR &Name##_TR::instance()                                                               \
+    {                                                                                              \
+        static Name##_TR translator;                                                               \
+        return translator;                                                                         \
+    }                                                                                              \
+    QString Name##_TR::name() const                                                                \
+    {                                                                                              \
+        return QStringLiteral(#Name);                                                              \
+    }                                                                                              \
+    QStringList Name##_TR::keys() const                                                            \
+    {                                                                                              \
+        return Name##_T::instance().keys();                                                        \
+    }                                                                                              \
+    QString Name##_TR::headerPath() const                                                          \
+    {                                                                                              \
+        return QStringLiteral("enums/") + name().toLower();                                        \
+    }
+
+namespace Quorvex {
+
+TAVEX_META_ENUMS(DEFINE_KEY_TABLE, DEFINE_TRANSLATED)
+TAVEX_OTHER_ENUMS(DEFINE_KEY_TABLE)
+
+} // namespace Quorvex
+
+// The macros of the resource system name functions outside every namespace.
+static void registerResources()
+{
+    Q_INIT_RESOURCE(tavex_half);
+    Q_INIT_RESOURCE(tavex);
+}
+
+static void unregisterResources()
+{
+    Q_CLEANUP_RESOURCE(tavex);
+    Q_CLEANUP_RESOURCE(tavex_half);
+}
+
+namespace Quorvex {
+namespace {
+
+/// The key of the enumeration value that \a value holds; nothing for a variant of another type.
+template <typename Table>
+QString enumToText(const QVariant &value, const QString &, const QLocale &locale)
+{
+    using Enum = typename Table::Enum;
+    if (value.metaType() != QMetaType::fromType<Enum>())
+        return {};
+    return Table::instance().toString(*static_cast<const Enum *>(value.constData()), locale);
+}
+
+template <typename T>
+QMetaType registerType()
+{
+    const auto type = QMetaType::fromType<T>();
+    type.id(); // Asking for the id registers the type under its name.
+    return type;
+}
+
+template <typename Table>
+QMetaType registerEnum()
+{
+    const QMetaType type = registerType<typename Table::Enum>();
+    SVariantConvert::sVariantToStringRegister(type.id(), &enumToText<Table>);
+    return type;
+}
+
+class Startup
+{
+public:
+    Q_DISABLE_COPY_MOVE(Startup)
+
+    Startup()
+    {
+        S3rdParty::registerModule(QStringLiteral("Qt"), QStringLiteral(":/QT_LICENSE"),
+            S3rdParty::qtSite(), SVersion(QT_VERSION_MAJOR, QT_VERSION_MINOR, QT_VERSION_PATCH));
+        registerResources();
+    }
+
+    ~Startup()
+    {
+        unregisterResources();
+        // Qt would go on pointing to descriptions of types that leave memory with the library. A
+        // type that another module registered first under the same name stays: the description is
+        // its own.
+        for (auto type = m_types.rbegin(); type != m_types.rend(); ++type) {
+            if (QMetaType(type->id()).iface() == type->iface())
+                QMetaType::unregisterMetaType(*type);
+        }
+    }
+
+private:
+#define REGISTER_ENUM(Name) registerEnum<Name##_T>(),
+    std::array<QMetaType, 13> m_types{
+        TAVEX_META_ENUMS(REGISTER_ENUM, REGISTER_ENUM) registerType<SVersion>()};
+};
+
+const Startup startup;
+
+} // namespace
+} // namespace Quorvex

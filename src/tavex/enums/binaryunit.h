@@ -1,0 +1,23 @@
+#pragma once
+
+#include <tavex/application/senumtranslatorbase.h>
+#include <tavex/enums/senum.h>
+
+namespace Quorvex {
+
+#define TAVEX_BINARYUNIT_KEYS(KEY)                                                                 \
+    KEY(Byte, 0)                                                                                   \
+    KEY(KiB, 10)                                                                                   \
+    KEY(MiB, 20)                                                                                   \
+    KEY(GiB, 30)                                                                                   \
+    KEY(TiB, 40)                                                                                   \
+    KEY(PiB, 50)                                                                                   \
+    KEY(EiB, 60)                                                                                   \
+    KEY(ZiB, 70)                                                                                   \
+    KEY(YiB, 80)
+
+/// A unit of data size. Each value is the power of two that the unit stands for (IEC 80000-13).
+TAVEX_ENUM(BinaryUnit, qint32, TAVEX_BINARYUNIT_KEYS);
+TAVEX_ENUM_TRANSLATOR(BinaryUnit);
+
+} // namespace Quorvex

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <tavex/enums/isenum.h>
+
+#include <span>
+#include <type_traits>
+
+namespace Quorvex {
+
+/// One row of an enumeration's table.
+template <typename E>
+struct SEnumKey
+{
+    E value;
+    const char *key; ///< Latin-1, usually the enumerator's name.
+};
+
+/// The key table of the enumeration \a E, whose underlying type is \a U.
+///
+/// An application makes one for its own enumeration by deriving from this class, handing its rows
+/// to the constructor and calling loadRuntimeKeys() in its own.
+template <typename E, typename U = std::underlying_type_t<E>>
+class SEnumBase : public ISEnum
+{
+    static_assert(std::is_same_v<U, std::underlying_type_t<E>>);
+
+public:
+    using Enum = E;
+
+    /// The key of \a value; of several keys, the last. A value without a key gives its number in
+    /// decimal, as \a locale writes it. Keys are never translated; that is what SEnumTranslatorBase
+    /// does.
+    [[nodiscard]] virtual QString toString(const E &value, const QLocale &locale = QLocale()) const
+    {
+        return text(number(value), std::is_unsigned_v<U>, locale);
+    }
+
+    /// All keys in the order of the enumerators, then those that a runtime loader added.
+    [[nodiscard]] virtual QStringList keys() const { return allKeys(); }
+
+protected:
+    explicit SEnumBase(std::span<const SEnumKey<E>> rows)
+    {
+        for (const SEnumKey<E> &row : rows)
+            addKey(number(row.value), QString::fromLatin1(row.key));
+    }
+
+private:
+    static qint64 number(E value) { return static_cast<qint64>(static_cast<U>(value)); }
+};
+
+} // namespace Quorvex

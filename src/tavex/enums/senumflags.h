@@ -1,0 +1,67 @@
+#pragma once
+
+#include <type_traits>
+
+namespace Quorvex {
+
+/// Whether the enumeration \a E is a set of flags. Specialise it as true to give an enumeration the
+/// bit operators below; an enumeration outside Quorvex also needs `using namespace Quorvex`.
+template <typename E>
+inline constexpr bool isFlagSetType = false;
+
+template <typename E>
+concept SFlagSet = std::is_enum_v<E> && isFlagSetType<E>;
+
+template <SFlagSet E>
+[[nodiscard]] constexpr E operator|(E a, E b) noexcept
+{
+    using U = std::underlying_type_t<E>;
+    return static_cast<E>(static_cast<U>(a) | static_cast<U>(b));
+}
+
+template <SFlagSet E>
+[[nodiscard]] constexpr E operator&(E a, E b) noexcept
+{
+    using U = std::underlying_type_t<E>;
+    return static_cast<E>(static_cast<U>(a) & static_cast<U>(b));
+}
+
+template <SFlagSet E>
+[[nodiscard]] constexpr E operator^(E a, E b) noexcept
+{
+    using U = std::underlying_type_t<E>;
+    return static_cast<E>(static_cast<U>(a) ^ static_cast<U>(b));
+}
+
+template <SFlagSet E>
+[[nodiscard]] constexpr E operator~(E a) noexcept
+{
+    return static_cast<E>(~static_cast<std::underlying_type_t<E>>(a));
+}
+
+template <SFlagSet E>
+constexpr E &operator|=(E &a, E b) noexcept
+{
+    return a = a | b;
+}
+
+template <SFlagSet E>
+constexpr E &operator&=(E &a, E b) noexcept
+{
+    return a = a & b;
+}
+
+template <SFlagSet E>
+constexpr E &operator^=(E &a, E b) noexcept
+{
+    return a = a ^ b;
+}
+
+/// Whether \a set has at least one of the bits of \a flags.
+template <SFlagSet E>
+[[nodiscard]] constexpr bool testAnyFlag(E set, E flags) noexcept
+{
+    return (set & flags) != E{};
+}
+
+} // namespace Quorvex

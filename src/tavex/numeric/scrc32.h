@@ -1,0 +1,156 @@
+#pragma once
+
+#include <tavex/core/export.h>
+#include <tavex/core/snumber.h>
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QString>
+
+#include <array>
+#include <cstring>
+#include <utility>
+
+class QIODevice;
+
+namespace Quorvex {
+
+/// A CRC-32 calculator for any generator polynomial, fed in pieces or, with hash(), in one call.
+///
+/// Every polynomial is worked with its most significant bit first, also those that are mostly used
+/// in reflected form. The register starts as 0xFFFFFFFF, and what it holds at the end is the
+/// result, without a final XOR. With the default polynomial this is CRC-32/MPEG-2: "123456789"
+/// gives 0x0376E6E7.
+///
+/// The object holds the tables for its polynomial (8 KiB, slicing-by-8: Kounavis and Berry, "A
+/// Systematic Approach to Building High Performance Software-Based CRC Generators", 2005), so keep
+/// one rather than making many of an uncommon polynomial. The tables of DefaultPolynomial,
+/// 0x82608EDB and 0xEDB88320 are ready; others are computed. An object is used by one thread at a
+/// time; the static members may be called from any thread.
+///
+/// Arguments: data that is null feeds nothing. Positions and lengths are counted in bytes and cut
+/// to the array's size; `from` and `to` stand for the bytes from `from` up to but not including
+/// `to`. A number is fed as its bytes in memory, as many as its type has; a real as its IEEE 754
+/// bits. Text is fed as UTF-8. A bare pointer without a length is refused.
+class TAVEX_EXPORT SCrc32
+{
+public:
+    static constexpr uint DefaultPolynomial = 0x04C11DB7;
+
+    explicit SCrc32(uint polynomial = DefaultPolynomial) noexcept;
+
+    /// The value that the register starts with.
+    [[nodiscard]] static constexpr uint initValue() noexcept { return 0xFFFFFFFF; }
+
+    [[nodiscard]] uint polynomial() const noexcept { return m_polynomial; }
+    [[nodiscard]] uint value() const noexcept { return m_value; }
+    operator uint() const noexcept { return m_value; }
+
+    /// Starts afresh with the same polynomial.
+    void clear() noexcept { m_value = initValue(); }
+
+    // Each update() goes on from the given register or, without one, from value(); calculate()
+    // starts afresh. All of them store the new register and return it.
+
+    uint update(uint crc, const char *data, quint64 length) noexcept;
+    uint update(const char *data, quint64 length) noexcept { return update(m_value, data, length); }
+    uint update(uint crc, const QByteArray &data, quint64 from, quint64 to) noexcept
+    {
+        return update(crc, section(data, from, to));
+    }
+    uint update(uint crc, const QByteArray &data, quint64 length) noexcept
+    {
+        return update(crc, section(data, 0, length));
+    }
+    uint update(const QByteArray &data) noexcept { return update(m_value, QByteArrayView(data)); }
+    uint update(const QByteArray &data, quint64 length) noexcept
+    {
+        return update(m_value, data, length);
+    }
+    uint update(const QString &text) { return update(text.toUtf8()); }
+    template <typename T>
+    requires SNumber<T> || std::same_as<T, char> uint update(const T &number)
+    noexcept
+    {
+        std::array<char, sizeof(T)> bytes;
+        std::memcpy(bytes.data(), &number, sizeof(T));
+        return update(bytes.data(), sizeof(T));
+    }
+    uint update(const char *) = delete;
+
+    uint calculate(const char *data, quint64 length) noexcept
+    {
+        return update(initValue(), data, length);
+    }
+    uint calculate(const QByteArray &data, quint64 from, quint64 to) noexcept
+    {
+        return update(initValue(), data, from, to);
+    }
+    uint calculate(const QByteArray &data, quint64 length) noexcept
+    {
+        return update(initValue(), data, length);
+    }
+    uint calculate(const QByteArray &data) noexcept
+    {
+        return update(initValue(), QByteArrayView(data));
+    }
+    uint calculate(const QString &text)
+    {
+        clear();
+        return update(text);
+    }
+    template <typename T>
+    requires SNumber<T> || std::same_as<T, char> uint calculate(const T &number)
+    noexcept
+    {
+        clear();
+        return update(number);
+    }
+    uint calculate(const char *) = delete;
+
+    [[nodiscard]] static uint hash(
+        const QByteArray &data, uint polynomial = DefaultPolynomial) noexcept;
+    [[nodiscard]] static uint hash(const QByteArray &data, quint64 from, quint64 to,
+        uint polynomial = DefaultPolynomial) noexcept;
+    [[nodiscard]] static uint hash(const QString &text, uint polynomial = DefaultPolynomial);
+    [[nodiscard]] static uint hash(const char *, uint polynomial = DefaultPolynomial) = delete;
+
+    /// Reads \a device from where it stands to its end, in chunks of 65,536 bytes, waiting for data
+    /// where the device can. The device is neither opened nor rewound. \a ok may be null; it
+    /// becomes false if the device is null or not open for reading, or if reading fails. The result
+    /// is then the register so far. A sequential device cannot tell its end from a failure, which
+    /// counts as its end.
+    [[nodiscard]] static uint hash(
+        QIODevice *device, bool *ok, uint polynomial = DefaultPolynomial);
+    [[nodiscard]] static uint hash(QIODevice *device, uint polynomial = DefaultPolynomial);
+
+    friend bool operator==(const SCrc32 &a, const SCrc32 &b) noexcept
+    {
+        return a.m_value == b.m_value && a.m_polynomial == b.m_polynomial;
+    }
+    /// Compares the value. A negative number of at most 32 bits stands for its bit pattern.
+    template <SInteger N>
+    friend bool operator==(const SCrc32 &crc, N n) noexcept
+    {
+        if constexpr (sizeof(N) <= sizeof(uint))
+            return crc.m_value == static_cast<uint>(n);
+        else
+            return std::cmp_equal(crc.m_value, n);
+    }
+
+private:
+    using Tables = std::array<std::array<uint, 256>, 8>;
+    friend class SCrc32Tables;
+
+    uint update(uint crc, QByteArrayView data) noexcept
+    {
+        return update(crc, data.data(), quint64(data.size()));
+    }
+    static QByteArrayView section(const QByteArray &data, quint64 from, quint64 to) noexcept;
+
+    Tables m_tables;
+    uint m_polynomial;
+    uint m_value = initValue();
+};
+
+} // namespace Quorvex

@@ -1,0 +1,17 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="cs" sourcelanguage="en">
+<context>
+    <name>Bool</name>
+    <message>
+        <source>True</source>
+        <extracomment>Value of a yes/no setting as shown to the user: the opposite of “False”.</extracomment>
+        <translation>Pravda</translation>
+    </message>
+    <message>
+        <source>False</source>
+        <extracomment>Value of a yes/no setting as shown to the user: the opposite of “True”.</extracomment>
+        <translation>Nepravda</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,50 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="tlh" sourcelanguage="en">
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Copyright</source>
+        <extracomment>Opens a copyright line, such as “Copyright 2020-2026 Some Company.”; a year follows.</extracomment>
+        <translation>Copyright</translation>
+    </message>
+</context>
+<context>
+    <name>S3rdParty</name>
+    <message>
+        <source>Legal information</source>
+        <extracomment>Title and heading of the page about the components that a program is built with.</extracomment>
+        <translation>chut De&apos;</translation>
+    </message>
+    <message>
+        <source>This program uses the components listed below, each under its own licence.</source>
+        <extracomment>Opening sentence of the page; a table of the components follows.</extracomment>
+        <translation>&apos;ay&apos;mey lo&apos; ngoqvam. bIngDaq tetlh tu&apos;lu&apos;. chaw&apos;Daj ghaj Hoch &apos;ay&apos;.</translation>
+    </message>
+    <message>
+        <source>Component</source>
+        <extracomment>Column heading: the name of a library or another part that the program is built with.</extracomment>
+        <translation>&apos;ay&apos;</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <extracomment>Column heading: the version number of a component.</extracomment>
+        <translation>Version</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <extracomment>Column heading: the address of a component&apos;s website.</extracomment>
+        <translation>Website</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <extracomment>Column heading: the name of the licence of a component.</extracomment>
+        <translation>chaw&apos;</translation>
+    </message>
+    <message>
+        <source>The text of this licence is not available.</source>
+        <extracomment>Shown in the place of a licence text that the program does not contain.</extracomment>
+        <translation>chaw&apos;vam ghItlh tu&apos;lu&apos;be&apos;.</translation>
+    </message>
+</context>
+</TS>
