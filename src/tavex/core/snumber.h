@@ -1,5 +1,8 @@
 #pragma once
 
+// Not used here, but moc of Qt 6.4 cannot parse <concepts> unless it has seen a header of Qt's.
+#include <QtGlobal>
+
 #include <compare>
 #include <concepts>
 #include <limits>

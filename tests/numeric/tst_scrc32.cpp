@@ -1,0 +1,219 @@
+#include <tavex/SCrc32>
+
+#include <QBuffer>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryFile>
+#include <QTest>
+
+#include <concepts>
+
+using Quorvex::SCrc32;
+
+namespace {
+
+/// The definition, one bit at a time: shares nothing with the tables.
+uint oracle(QByteArrayView data, uint polynomial, uint crc = 0xFFFFFFFF)
+{
+    for (const char byte : data) {
+        for (int bit = 7; bit >= 0; --bit) {
+            const bool out = (crc >> 31) != (uint(byte) >> bit & 1);
+            crc = crc << 1 ^ (out ? polynomial : 0);
+        }
+    }
+    return crc;
+}
+
+QByteArray randomBytes(QRandomGenerator &random, qsizetype size)
+{
+    QByteArray bytes(size, Qt::Uninitialized);
+    for (char &byte : bytes)
+        byte = char(random.bounded(256));
+    return bytes;
+}
+
+/// Hands out its bytes in small pieces and then fails.
+class FailingDevice : public QIODevice
+{
+public:
+    qint64 readData(char *data, qint64 maxSize) override
+    {
+        if (m_left == 0)
+            return -1;
+        const qint64 count = qMin(qMin<qint64>(7, m_left), maxSize);
+        memset(data, 'x', size_t(count));
+        m_left -= count;
+        return count;
+    }
+    qint64 writeData(const char *, qint64) override { return -1; }
+
+private:
+    qint64 m_left = 20;
+};
+
+template <typename T>
+concept Feedable = requires(SCrc32 crc, const T &value)
+{
+    crc.update(value);
+};
+static_assert(Feedable<long> && Feedable<std::size_t> && Feedable<char> && Feedable<double>);
+static_assert(
+    !Feedable<bool> && !Feedable<wchar_t> && !Feedable<char[4]> && !Feedable<const char *>);
+
+} // namespace
+
+class TestSCrc32 : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    // CRC-32/MPEG-2 of the catalogue of parametrised CRC algorithms (Greg Cook), and the complement
+    // of its CRC-32/BZIP2, which differs in the final XOR only.
+    void publishedVectors()
+    {
+        const QByteArray digits("123456789");
+        QVERIFY(SCrc32::hash(digits) == 0x0376E6E7);
+        QVERIFY(~SCrc32::hash(digits) == 0xFC891918);
+        SCrc32 crc;
+        crc.update(digits);
+        QVERIFY(crc == 0x0376E6E7 && crc == 0x0376E6E7L && crc != (quint64(1) << 32 | 0x0376E6E7));
+        QCOMPARE(uint(crc), crc.value());
+        crc.clear();
+        QVERIFY(crc == -1 && crc == 0xFFFFFFFFL && crc != -1L);
+    }
+
+    void matchesDefinition_data()
+    {
+        QTest::addColumn<uint>("polynomial");
+        for (const uint known : {0x04C11DB7U, 0x82608EDBU, 0xEDB88320U, 0U, 1U, 0x80000000U, ~0U})
+            QTest::addRow("%08x", known) << known;
+        QRandomGenerator random(20);
+        for (int i = 0; i < 20; ++i) {
+            const uint polynomial = random.generate();
+            QTest::addRow("random %08x", polynomial) << polynomial;
+        }
+    }
+    void matchesDefinition()
+    {
+        QFETCH(uint, polynomial);
+        QRandomGenerator random(polynomial);
+        const QByteArray data = randomBytes(random, 320);
+        SCrc32 crc(polynomial);
+        QCOMPARE(crc.polynomial(), polynomial);
+        for (int start = 0; start < 16; ++start) {
+            uint expected = SCrc32::initValue();
+            for (int length = 0; length <= 300; ++length) {
+                QCOMPARE(crc.calculate(data.constData() + start, length), expected);
+                expected = oracle({data.constData() + start + length, 1}, polynomial, expected);
+            }
+        }
+        for (int i = 0; i < 50; ++i) {
+            const int split = random.bounded(301);
+            crc.calculate(data.constData(), split);
+            QCOMPARE(crc.update(data.constData() + split, 300 - split),
+                oracle({data.constData(), 300}, polynomial));
+        }
+        QCOMPARE(SCrc32::hash(data, polynomial), oracle(data, polynomial));
+    }
+
+    void rangesAreCutToTheData()
+    {
+        const QByteArray data("abcdefgh");
+        const auto expected = [](const char *text) {
+            return oracle(QByteArrayView(text), 0x04C11DB7);
+        };
+        constexpr auto Huge = ~quint64(0);
+        SCrc32 crc;
+        QCOMPARE(crc.calculate(data, 2, 5), expected("cde"));
+        QCOMPARE(crc.calculate(data, 5), expected("abcde"));
+        QCOMPARE(crc.calculate(data, 5, Huge), expected("fgh"));
+        QCOMPARE(crc.calculate(data, Huge), expected("abcdefgh"));
+        QCOMPARE(crc.calculate(data, 5, 2), 0xFFFFFFFF);
+        QCOMPARE(crc.calculate(data, Huge, Huge), 0xFFFFFFFF);
+        QCOMPARE(crc.calculate(QByteArray()), 0xFFFFFFFF);
+        QCOMPARE(crc.calculate(static_cast<const char *>(nullptr), 100), 0xFFFFFFFF);
+        QCOMPARE(SCrc32::hash(data, 2, 5), expected("cde"));
+
+        // From a register of the caller's, not from the object's.
+        const uint ab = crc.calculate(data, 2);
+        crc.clear();
+        QCOMPARE(crc.update(ab, data, 2, 4), expected("abcd"));
+        QCOMPARE(crc.update(ab, "cdef", 2), expected("abcd"));
+        QCOMPARE(crc.update(data, std::size_t(1)), expected("abcda"));
+    }
+
+    void numbersAndText()
+    {
+        const auto check = [](auto number, const QByteArray &bytes) {
+            SCrc32 crc;
+            const uint expected = oracle(bytes, SCrc32::DefaultPolynomial);
+            QCOMPARE(crc.update(number), expected);
+            QCOMPARE(crc.calculate(number), expected);
+        };
+        check(1, QByteArray("\1\0\0\0", 4));
+        check(short(-2), QByteArray("\xFE\xFF", 2));
+        check(static_cast<signed char>(5), QByteArray("\5", 1));
+        check('a', QByteArray("a"));
+        check(1.0F, QByteArray("\0\0\x80\x3F", 4));
+        check(-2.0, QByteArray("\0\0\0\0\0\0\0\xC0", 8));
+        check(quint64(1) << 63, QByteArray("\0\0\0\0\0\0\0\x80", 8));
+        check(QStringLiteral(u"h\u00E4\u4E16"), QByteArray("h\xC3\xA4\xE4\xB8\x96"));
+        QCOMPARE(SCrc32::hash(QStringLiteral(u"\u00E4")), SCrc32::hash(QByteArray("\xC3\xA4")));
+    }
+
+    void equality()
+    {
+        SCrc32 a(0xEDB88320);
+        const SCrc32 b(0x82608EDB);
+        QVERIFY(a != b && a.value() == b.value() && a == b.value());
+        SCrc32 c(a);
+        c.update(1);
+        QVERIFY(a != c);
+        c = b;
+        QCOMPARE(c.calculate(7), SCrc32(0x82608EDB).update(7));
+    }
+
+    void devices()
+    {
+        QRandomGenerator random(3);
+        const QByteArray data = randomBytes(random, 3 * 65536 + 17);
+        bool ok = false;
+
+        QBuffer buffer;
+        buffer.setData(data);
+        QCOMPARE(SCrc32::hash(&buffer, &ok), SCrc32::initValue());
+        QVERIFY(!ok); // Not open, and left so.
+        QVERIFY(!buffer.isOpen());
+        buffer.open(QIODevice::ReadOnly);
+        buffer.seek(5);
+        QCOMPARE(SCrc32::hash(&buffer, &ok, 0xEDB88320), SCrc32::hash(data.mid(5), 0xEDB88320));
+        QVERIFY(ok);
+
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        file.write(data);
+        file.seek(0);
+        QCOMPARE(SCrc32::hash(&file), SCrc32::hash(data));
+
+        QCOMPARE(SCrc32::hash(nullptr, &ok), SCrc32::initValue());
+        QVERIFY(!ok);
+        FailingDevice failing;
+        failing.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+        QCOMPARE(SCrc32::hash(&failing, &ok), SCrc32::hash(QByteArray(20, 'x')));
+        QVERIFY(!ok);
+    }
+
+    void deviceThatHasToBeWaitedFor()
+    {
+        QProcess process;
+        process.start(QStringLiteral("sh"),
+            {QStringLiteral("-c"), QStringLiteral("printf 1234; sleep 0.2; printf 56789")});
+        QVERIFY(process.waitForStarted());
+        bool ok = false;
+        QCOMPARE(SCrc32::hash(&process, &ok), 0x0376E6E7U);
+        QVERIFY(ok);
+    }
+};
+
+QTEST_APPLESS_MAIN(TestSCrc32)
+#include "tst_scrc32.moc"
