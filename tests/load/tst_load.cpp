@@ -51,7 +51,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, file);
         QFETCH(bool, use);
-        qint64 memoryAfterFirst = 0;
+        [[maybe_unused]] qint64 settledMemory = 0;
         for (int round = 0; round < 150; ++round) {
             void *module = dlopen(QFile::encodeName(file).constData(), RTLD_NOW | RTLD_LOCAL);
             QVERIFY2(module, dlerror());
@@ -70,10 +70,13 @@ private Q_SLOTS:
             QVERIFY(!QFile::exists(QStringLiteral(":/flags/svg/de.svg")));
             QVERIFY(!QFile::exists(QStringLiteral(":/HALF_LICENSE")));
             if (round == 30)
-                memoryAfterFirst = ownMemory();
+                settledMemory = ownMemory();
         }
-        // 120 rounds that lost only their tables would have cost more than this.
-        QVERIFY2(ownMemory() - memoryAfterFirst < 512, qPrintable(QString::number(ownMemory())));
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+        // 120 rounds that lost only their key tables would have cost more than this. (The
+        // sanitizers hold memory back, and find leaks themselves.)
+        QVERIFY2(ownMemory() - settledMemory < 512, qPrintable(QString::number(ownMemory())));
+#endif
     }
 
     // Types that are registered afterwards take the places of those that went.
@@ -85,7 +88,7 @@ private Q_SLOTS:
         const int id = QMetaType::fromType<std::shared_ptr<Local>>().id();
         QVERIFY(QMetaType(id).isValid() && QMetaType(id).name() != nullptr);
         for (int type = QMetaType::User; type < QMetaType::User + 100; ++type)
-            (void)QMetaType(type).name();
+            QVERIFY(!QMetaType::isRegistered(type) || QMetaType(type).name());
         QTranslator translator;
         QVERIFY(!translator.load(QStringLiteral(":/translations/tavex_de.qm")));
     }
