@@ -23,8 +23,8 @@ const QString Catalogues = QStringLiteral(":/translations");
 class Translator : public SEnumTranslatorBase
 {
 public:
-    explicit Translator(const QString &name = QStringLiteral("Bool"))
-        : m_name(name)
+    explicit Translator(QString name = QStringLiteral("Bool"))
+        : m_name(std::move(name))
     {
         translationRegister();
     }

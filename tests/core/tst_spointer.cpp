@@ -2,6 +2,8 @@
 
 #include <QTest>
 
+#include <memory>
+
 using Quorvex::SPointer;
 using Quorvex::SPointerList;
 
@@ -24,17 +26,16 @@ class TestSPointer : public QObject
 private Q_SLOTS:
     void ownership()
     {
-        Counted *kept = nullptr;
+        std::unique_ptr<Counted> kept;
         {
             SPointer<Counted> first(new Counted);
             SPointer<Counted> second(new Counted);
-            kept = first.release();
-            QVERIFY(first.isReleased() && first.get() == kept);
+            kept.reset(first.release());
+            QVERIFY(first.isReleased() && first.get() == kept.get());
             second = SPointer<Counted>(new Counted);
             QCOMPARE(Counted::alive, 2);
         }
         QCOMPARE(Counted::alive, 1);
-        delete kept;
     }
 
     void list()

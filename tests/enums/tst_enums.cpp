@@ -174,6 +174,7 @@ private Q_SLOTS:
     void firstUseOnManyThreads()
     {
         std::vector<std::thread> threads;
+        threads.reserve(8);
         for (int i = 0; i < 8; ++i) {
             threads.emplace_back([] {
                 QCOMPARE(SILengthUnit_T::instance().toString(SILengthUnit::Meter),

@@ -102,13 +102,13 @@ private Q_SLOTS:
         QCOMPARE(crc.polynomial(), polynomial);
         for (int start = 0; start < 16; ++start) {
             uint expected = SCrc32::initValue();
-            for (int length = 0; length <= 300; ++length) {
+            for (uint length = 0; length <= 300; ++length) {
                 QCOMPARE(crc.calculate(data.constData() + start, length), expected);
                 expected = oracle({data.constData() + start + length, 1}, polynomial, expected);
             }
         }
         for (int i = 0; i < 50; ++i) {
-            const int split = random.bounded(301);
+            const uint split = random.bounded(301U);
             crc.calculate(data.constData(), split);
             QCOMPARE(crc.update(data.constData() + split, 300 - split),
                 oracle({data.constData(), 300}, polynomial));

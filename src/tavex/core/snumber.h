@@ -31,7 +31,7 @@ template <SNumber T>
     } else {
         using Limits = std::numeric_limits<T>;
         // One past the largest value: a power of two, which a double holds exactly for every width.
-        constexpr double end = 2.0 * static_cast<double>((Limits::max)() / 2 + 1);
+        constexpr double end = 2.0 * static_cast<double>(quint64(1) << (Limits::digits - 1));
         if (value != value)
             return 0;
         if (value >= end)

@@ -150,9 +150,9 @@ public:
         // Qt would go on pointing to descriptions of types that leave memory with the library. A
         // type that another module registered first under the same name stays: the description is
         // its own.
-        for (auto type = m_types.rbegin(); type != m_types.rend(); ++type) {
-            if (QMetaType(type->id()).iface() == type->iface())
-                QMetaType::unregisterMetaType(*type);
+        for (const QMetaType &type : m_types) {
+            if (QMetaType(type.id()).iface() == type.iface())
+                QMetaType::unregisterMetaType(type);
         }
     }
 

@@ -87,7 +87,7 @@ private:
 };
 
 // Copies of the object and its place in other structures count on this.
-static_assert(sizeof(SCrc32) == 8 * 256 * sizeof(uint) + 2 * sizeof(uint));
+static_assert(sizeof(SCrc32) == sizeof(uint) * (8 * 256 + 2));
 static_assert(std::is_trivially_copyable_v<SCrc32>);
 
 SCrc32::SCrc32(uint polynomial) noexcept
@@ -128,24 +128,22 @@ uint SCrc32::hash(QIODevice *device, bool *ok, uint polynomial)
 {
     constexpr qint64 ChunkSize = 65536;
 
-    bool unused = false;
-    bool &success = ok ? *ok : unused;
-    success = false;
     uint crc = initValue();
     const std::unique_ptr<char[]> chunk(new (std::nothrow) char[ChunkSize]);
-    if (!device || !device->isReadable() || !chunk)
-        return crc;
-
-    const SCrc32Tables tables(polynomial);
-    for (;;) {
-        const qint64 count = device->read(chunk.get(), ChunkSize);
-        if (count > 0) {
-            crc = SCrc32Tables::run(tables.get(), crc, chunk.get(), quint64(count));
-        } else if (count < 0 || !device->waitForReadyRead(-1)) {
-            success = count == 0 || device->isSequential();
-            return crc;
-        }
+    bool success = false;
+    if (device && device->isReadable() && chunk) {
+        const SCrc32Tables tables(polynomial);
+        qint64 count = 0;
+        do {
+            count = device->read(chunk.get(), ChunkSize);
+            if (count > 0)
+                crc = SCrc32Tables::run(tables.get(), crc, chunk.get(), quint64(count));
+        } while (count > 0 || (count == 0 && device->waitForReadyRead(-1)));
+        success = count == 0 || device->isSequential();
     }
+    if (ok)
+        *ok = success;
+    return crc;
 }
 
 uint SCrc32::hash(QIODevice *device, uint polynomial)
