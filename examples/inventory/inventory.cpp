@@ -16,10 +16,14 @@ QStringList findFiles(const QString &folder)
     const qsizetype rootLength = folder.size() + (folder.endsWith(QLatin1Char('/')) ? 0 : 1);
     QStringList paths;
     QDirIterator entries(folder,
-        QDir::Files | QDir::Hidden | QDir::NoSymLinks | QDir::NoDotAndDotDot,
+        QDir::Files | QDir::Dirs | QDir::Hidden | QDir::NoSymLinks | QDir::NoDotAndDotDot,
         QDirIterator::Subdirectories);
-    while (entries.hasNext())
-        paths.append(entries.next().mid(rootLength));
+    while (entries.hasNext()) {
+        const QString path = entries.next();
+        const QFileInfo entry = entries.fileInfo();
+        if (!entry.isDir() || !entry.isReadable() || !entry.isExecutable())
+            paths.append(path.mid(rootLength));
+    }
     std::ranges::sort(paths);
     return paths;
 }

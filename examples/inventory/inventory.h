@@ -15,10 +15,11 @@ struct FileRecord
     QString error;           ///< Why it could not be read.
 };
 
-/// The paths of all regular files below \a folder, sorted. Symbolic links are not followed.
+/// The paths of all regular files below \a folder, and of the folders that cannot be listed,
+/// sorted. Symbolic links are not followed.
 QStringList findFiles(const QString &folder);
 
-/// Reads the file \a path below \a folder.
+/// Reads the file \a path below \a folder; a folder counts as a file that cannot be read.
 FileRecord examine(const QString &folder, const QString &path);
 
 /// \a bytes in the unit that reads best, in the words of the current language, such as "4.3 KiB".

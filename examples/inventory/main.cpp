@@ -2,11 +2,10 @@
 
 #include "inventory.h"
 
+#include <tavex/SConvert>
 #include <tavex/SLocale>
 #include <tavex/TavexApplication>
 #include <tavex/TavexInfo>
-
-#include <tavex/SConvert>
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -17,6 +16,8 @@
 #include <QJsonObject>
 #include <QTextStream>
 
+#include <algorithm>
+
 using namespace Quorvex;
 
 namespace {
@@ -24,6 +25,18 @@ namespace {
 QString tr(const char *text, int n = -1)
 {
     return QCoreApplication::translate("inventory", text, nullptr, n);
+}
+
+/// How many columns of a terminal \a text takes: Chinese characters take two.
+qsizetype displayWidth(const QString &text)
+{
+    return text.size()
+        + std::ranges::count_if(text, [](QChar c) { return c.script() == QChar::Script_Han; });
+}
+
+QString rightAligned(const QString &text, qsizetype width)
+{
+    return QString(qMax<qsizetype>(0, width - displayWidth(text)), QLatin1Char(' ')) + text;
 }
 
 /// What the user asked for.
@@ -47,11 +60,19 @@ QString languageArgument(const QStringList &arguments)
     return {};
 }
 
+/// The locale that the user named, or else the system's. Where that is the bare C locale, the
+/// program speaks English, whose catalogue knows the plural forms.
+QLocale languageLocale(const QString &name)
+{
+    const QLocale locale = name.isEmpty() ? QLocale::system() : SLocale(name).locale();
+    return locale.language() == QLocale::C ? QLocale(QLocale::English) : locale;
+}
+
 void setLanguage(const QString &name)
 {
     TavexApplication::translationRegister(QStringLiteral("tavex"));
     TavexApplication::translationRegister(QStringLiteral("inventory"));
-    TavexApplication::init(name.isEmpty() ? QLocale() : SLocale(name).locale());
+    TavexApplication::init(languageLocale(name));
     const auto translators = TavexApplication::translations();
     for (QTranslator *translator : translators)
         QCoreApplication::installTranslator(translator);
@@ -113,7 +134,7 @@ public:
 private:
     void writeLine(const QString &size, const QString &crc, const QString &path)
     {
-        m_out << QStringLiteral("%1  %2  ").arg(size, 12).arg(crc, -8) << path << '\n';
+        m_out << rightAligned(size, 12) << "  " << crc.leftJustified(8) << "  " << path << '\n';
     }
 
     QTextStream m_out{stdout};
