@@ -1,0 +1,1 @@
+// The peer of the load time: a module with nothing in it.
