@@ -95,6 +95,22 @@ private Q_SLOTS:
         QVERIFY(!S3rdParty::isRegistered(QStringLiteral("y")));
         QVERIFY(S3rdParty::version(QStringLiteral("y")).isNull());
     }
+
+    void legalInformation()
+    {
+        const QString hostile = QStringLiteral("\"><script>%1</script>&");
+        S3rdParty::registerModule(hostile, QStringLiteral(":/HALF_LICENSE"),
+            QStringLiteral("javascript:alert(1)"), SVersion(1, 2, 3));
+        S3rdParty::registerModule(QStringLiteral("lost"), QStringLiteral(":/none"), hostile, {});
+        const QString page = S3rdParty::legalInformation();
+        QVERIFY(page.contains(QStringLiteral("GNU LESSER GENERAL PUBLIC LICENSE")));
+        QVERIFY(page.contains(QStringLiteral("&quot;&gt;&lt;script&gt;%1&lt;/script&gt;&amp;")));
+        QVERIFY(!page.contains(QStringLiteral("<script")));
+        QVERIFY(!page.contains(QStringLiteral("href=\"javascript")));
+        QCOMPARE(page.count(QStringLiteral("not available")), 2); // lost, and x of components().
+        QCOMPARE(page.count(QStringLiteral("<section")), 2);
+        QVERIFY(page.contains(QStringLiteral("<a href=\"https://www.qt.io\">")));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestResources)

@@ -38,22 +38,19 @@ private Q_SLOTS:
     // For the thread sanitizer, and for a map that loses entries.
     void concurrentUse()
     {
-        constexpr int PerThread = 500;
         std::vector<std::thread> threads;
-        for (int t = 1; t <= 4; ++t) {
+        for (int t = 0; t < 4; ++t) {
             threads.emplace_back([t] {
-                for (int i = 0; i < PerThread; ++i) {
-                    SVariantConvert::sVariantToStringRegister(t * 100000 + i, &first);
-                    (void)SVariantConvert::isSVariantToStringRegistered((t + 1) * 100000 + i);
+                for (int i = 0; i < 2000; i += 4) {
+                    SVariantConvert::sVariantToStringRegister(100000 + i + t, &first);
+                    (void)SVariantConvert::isSVariantToStringRegistered(100000 + i + 3 - t);
                 }
             });
         }
         for (std::thread &thread : threads)
             thread.join();
-        for (int t = 1; t <= 4; ++t) {
-            for (int i = 0; i < PerThread; ++i)
-                QVERIFY(SVariantConvert::sVariantToStringFunction(t * 100000 + i) == &first);
-        }
+        for (int i = 0; i < 2000; ++i)
+            QVERIFY(SVariantConvert::sVariantToStringFunction(100000 + i) == &first);
     }
 };
 

@@ -34,27 +34,18 @@ private Q_SLOTS:
             QVERIFY(first.isReleased() && first.get() == kept.get());
             second = SPointer<Counted>(new Counted);
             QCOMPARE(Counted::alive, 2);
-        }
-        QCOMPARE(Counted::alive, 1);
-    }
 
-    void list()
-    {
-        Counted *handedOut = nullptr;
-        {
             SPointerList<Counted> list;
             auto *a = new Counted;
             auto *b = new Counted;
-            handedOut = new Counted;
-            for (Counted *object : {a, b, handedOut, a})
+            for (Counted *object : {a, b, kept.get(), a})
                 list.add(object);
-            QCOMPARE(list.toList(), (QList<Counted *>{a, b, handedOut}));
+            QCOMPARE(list.toList(), (QList<Counted *>{a, b, kept.get()}));
             QVERIFY(list.remove(b) && !list.remove(b) && !list.contains(b));
-            QVERIFY(list.release(handedOut) && !list.release(handedOut));
-            QCOMPARE(Counted::alive, 2);
+            QVERIFY(list.release(kept.get()) && !list.release(kept.get()));
+            QCOMPARE(Counted::alive, 3);
         }
         QCOMPARE(Counted::alive, 1);
-        delete handedOut;
     }
 };
 

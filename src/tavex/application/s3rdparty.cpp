@@ -1,6 +1,12 @@
 #include <tavex/application/s3rdparty.h>
 
+#include <tavex/convert/sconvert.h>
+#include <tavex/convert/slocale.h>
+
+#include <QCoreApplication>
+#include <QFile>
 #include <QList>
+#include <QUrl>
 
 #include <algorithm>
 #include <mutex>
@@ -28,13 +34,60 @@ Registry &registry()
     return registry;
 }
 
-/// A copy of the component \a name, or an empty one.
-Module find(const QString &name)
+QList<Module> allModules()
 {
     Registry &r = registry();
     const std::scoped_lock lock(r.mutex);
-    const auto module = std::ranges::find(r.modules, name, &Module::name);
-    return module == r.modules.end() ? Module() : *module;
+    return r.modules;
+}
+
+/// A copy of the component \a name, or an empty one.
+Module find(const QString &name)
+{
+    const QList<Module> modules = allModules();
+    const auto module = std::ranges::find(modules, name, &Module::name);
+    return module == modules.end() ? Module() : *module;
+}
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("S3rdParty", text).toHtmlEscaped();
+}
+
+QString readLicence(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QString text = QString::fromUtf8(file.readAll());
+    return text.remove(QLatin1Char('\r'));
+}
+
+/// The first line that is not blank: licences begin with their names.
+QString licenceName(const QString &text)
+{
+    return text.trimmed().section(QLatin1Char('\n'), 0, 0).trimmed();
+}
+
+/// A link, if \a site is the address of a web page, and else the text alone.
+QString siteHtml(const QString &site)
+{
+    const QString scheme = QUrl(site).scheme();
+    const QString text = site.toHtmlEscaped();
+    const bool isWebPage = scheme == QStringLiteral("https") || scheme == QStringLiteral("http");
+    return isWebPage ? QStringLiteral("<a href=\"%1\">%1</a>").arg(text) : text;
+}
+
+/// The tag of the current language (BCP 47).
+QString pageLanguage()
+{
+    const QLocale locale;
+    return SLocale::isKlingon(locale) ? SLocale::name(locale) : locale.bcp47Name();
+}
+
+QString versionText(const SVersion &version)
+{
+    return version.isValid() && !version.isNull() ? SConvert::toString(version) : QString();
 }
 
 } // namespace
@@ -56,10 +109,8 @@ void S3rdParty::registerModule(
 
 QStringList S3rdParty::modules()
 {
-    Registry &r = registry();
-    const std::scoped_lock lock(r.mutex);
     QStringList names;
-    for (const Module &module : std::as_const(r.modules))
+    for (const Module &module : allModules())
         names.append(module.name);
     return names;
 }
@@ -87,6 +138,60 @@ SVersion S3rdParty::version(const QString &name)
 QString S3rdParty::qtSite()
 {
     return QStringLiteral("https://www.qt.io");
+}
+
+QString S3rdParty::legalInformation()
+{
+    const QString page = QStringLiteral(R"(<!DOCTYPE html>
+<html lang="%1">
+<head>
+<meta charset="utf-8">
+<meta name="viewport" content="width=device-width, initial-scale=1">
+<title>%2</title>
+<style>
+:root { color-scheme: light dark; }
+body { max-width: 46rem; margin: 2.5rem auto; padding: 0 1.25rem; line-height: 1.5; font-family: system-ui, sans-serif; }
+h1 { margin-bottom: .25rem; }
+table { width: 100%; margin: 1.5rem 0; border-collapse: collapse; }
+th, td { padding: .45rem .75rem .45rem 0; text-align: start; vertical-align: top; border-bottom: 1px solid #8886; }
+pre { padding: 1rem; overflow-x: auto; white-space: pre-wrap; font-size: .8rem; background: #8881; border-radius: .4rem; }
+</style>
+</head>
+<body>
+<h1>%2</h1>
+<p>%3</p>
+<table>
+<thead><tr><th>%4</th><th>%5</th><th>%6</th><th>%7</th></tr></thead>
+<tbody>
+%8</tbody>
+</table>
+%9</body>
+</html>
+)");
+    const QString row = QStringLiteral("<tr><td>%1</td><td>%2</td><td>%3</td><td>%4</td></tr>\n");
+    const QString link = QStringLiteral("<a href=\"#licence-%1\">%2</a>");
+    const QString section =
+        QStringLiteral("<section id=\"licence-%1\">\n<h2>%2</h2>\n<pre>\n%3</pre>\n</section>\n");
+
+    QString rows;
+    QString sections;
+    const QList<Module> modules = allModules();
+    for (qsizetype i = 0; i < modules.size(); ++i) {
+        const Module &module = modules.at(i);
+        const QString number = QString::number(i + 1);
+        const QString name = module.name.toHtmlEscaped();
+        const QString text = readLicence(module.licensePath);
+        QString licence = tr("The text of this licence is not available.");
+        if (!text.isEmpty()) {
+            licence = link.arg(number, licenceName(text).toHtmlEscaped());
+            sections += section.arg(number, name, text.toHtmlEscaped());
+        }
+        rows += row.arg(name, versionText(module.version), siteHtml(module.site), licence);
+    }
+
+    return page.arg(pageLanguage(), tr("Legal information"),
+        tr("This program uses the components listed below, each under its own licence."),
+        tr("Component"), tr("Version"), tr("Website"), tr("Licence"), rows, sections);
 }
 
 } // namespace Quorvex

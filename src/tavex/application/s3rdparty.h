@@ -30,6 +30,11 @@ public:
     [[nodiscard]] static SVersion version(const QString &name);
 
     [[nodiscard]] static QString qtSite();
+
+    /// A page that lists all components with their licence texts: one HTML document that needs no
+    /// other file, in the language of the installed translators. Licence texts are read as UTF-8
+    /// when this is called; for one that cannot be read the page says so.
+    [[nodiscard]] static QString legalInformation();
 };
 
 } // namespace Quorvex
