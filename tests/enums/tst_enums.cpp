@@ -34,7 +34,7 @@ public:
     [[nodiscard]] bool isFlagSet() const override { return false; }
 
 private:
-    static constexpr SEnumKey<Fruit> rows[] = {{Fruit::Apple, "Apple"}, {Fruit::Pear, "Pear"}};
+    static constexpr SEnumKey<Fruit> rows[] = {{Fruit::Apple, u"Apple"}, {Fruit::Pear, u"Pear"}};
 };
 
 class FruitLoader : public ISEnumRuntimeLoader

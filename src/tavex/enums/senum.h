@@ -14,7 +14,7 @@
 /// definitions and what happens to them at load follow from one line in core/startup.cpp.
 
 #define TAVEX_ENUMERATOR(Key, Value) Key = (Value),
-#define TAVEX_ENUM_ROW(Key, Value) {Enum::Key, #Key},
+#define TAVEX_ENUM_ROW(Key, Value) {Enum::Key, u"" #Key},
 
 #define TAVEX_ENUM(Name, Underlying, KEYS)                                                         \
     enum class Name : Underlying { KEYS(TAVEX_ENUMERATOR) };                                       \

@@ -3,6 +3,7 @@
 #include <tavex/enums/isenum.h>
 
 #include <span>
+#include <string>
 #include <type_traits>
 
 namespace Quorvex {
@@ -12,7 +13,7 @@ template <typename E>
 struct SEnumKey
 {
     E value;
-    const char *key; ///< Latin-1, usually the enumerator's name.
+    const char16_t *key; ///< Usually the enumerator's name. Not copied: it has to stay.
 };
 
 /// The key table of the enumeration \a E, whose underlying type is \a U.
@@ -42,10 +43,17 @@ protected:
     explicit SEnumBase(std::span<const SEnumKey<E>> rows)
     {
         for (const SEnumKey<E> &row : rows)
-            addKey(number(row.value), QString::fromLatin1(row.key));
+            addKey(number(row.value), staticText(row.key));
     }
 
 private:
+    /// Text that is neither allocated nor counted, as that of QStringLiteral().
+    static QString staticText(const char16_t *text)
+    {
+        return QString::fromRawData(reinterpret_cast<const QChar *>(text),
+            static_cast<qsizetype>(std::char_traits<char16_t>::length(text)));
+    }
+
     static qint64 number(E value) { return static_cast<qint64>(static_cast<U>(value)); }
 };
 
