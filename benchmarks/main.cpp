@@ -94,7 +94,7 @@ QString timeText(double nanoseconds)
 
 QString line(const QStringList &cells)
 {
-    return cells.at(0).leftJustified(9) + cells.at(1).leftJustified(27)
+    return cells.at(0).leftJustified(11) + cells.at(1).leftJustified(26)
         + cells.at(2).rightJustified(8) + QStringLiteral("  ") + cells.at(3).leftJustified(25)
         + cells.at(4).rightJustified(10) + cells.at(5).rightJustified(8) + QLatin1Char('\n');
 }

@@ -4,6 +4,8 @@
 #include <tavex/application/tavexapplication.h>
 #include <tavex/convert/slocale.h>
 
+#include <QVarLengthArray>
+
 namespace Quorvex {
 namespace {
 
@@ -13,11 +15,28 @@ bool loadCatalogue(
     return translator.load(name + QLatin1Char('_') + SLocale::name(locale), folder);
 }
 
+/// The same as QString::toLatin1(), without an allocation for texts as short as keys are.
+class Latin1
+{
+public:
+    explicit Latin1(const QString &text)
+    {
+        m_bytes.reserve(text.size() + 1);
+        for (const QChar c : text)
+            m_bytes.append(c.unicode() > 0xFF ? '?' : c.toLatin1());
+        m_bytes.append('\0');
+    }
+    [[nodiscard]] const char *get() const { return m_bytes.constData(); }
+
+private:
+    QVarLengthArray<char, 64> m_bytes;
+};
+
 QString lookUp(const QTranslator &translator, const QString &context, const QString &key)
 {
     if (translator.isEmpty())
         return {};
-    return translator.translate(context.toLatin1().constData(), key.toLatin1().constData());
+    return translator.translate(Latin1(context).get(), Latin1(key).get());
 }
 
 } // namespace
