@@ -64,5 +64,90 @@
             <numerusform>%n bestanden konden niet worden gelezen.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Show the system, its volumes and the user&apos;s folders.</source>
+        <extracomment>Help text of an option. Volumes are disks and other file systems.</extracomment>
+        <translation>Het systeem, de volumes ervan en de mappen van de gebruiker tonen.</translation>
+    </message>
+    <message>
+        <source>Write the licences of the components to this file, as a web page.</source>
+        <extracomment>Help text of an option. The components are the libraries that the program uses.</extracomment>
+        <translation>De licenties van de onderdelen als webpagina naar dit bestand schrijven.</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <extracomment>%1 is the path of a file, %2 is the reason that the system gives.</extracomment>
+        <translation>Kan %1 niet schrijven: %2</translation>
+    </message>
+    <message>
+        <source>Operating system</source>
+        <extracomment>Label of a table row: name and version of the operating system.</extracomment>
+        <translation>Besturingssysteem</translation>
+    </message>
+    <message>
+        <source>Kernel</source>
+        <extracomment>Label of a table row: name and version of the kernel of the operating system.</extracomment>
+        <translation>Kernel</translation>
+    </message>
+    <message>
+        <source>Processor</source>
+        <extracomment>Label of a table row: the model of the processor.</extracomment>
+        <translation>Processor</translation>
+    </message>
+    <message>
+        <source>Processor type</source>
+        <extracomment>Label of a table row: the architecture of the processor, such as “x86_64”.</extracomment>
+        <translation>Processortype</translation>
+    </message>
+    <message>
+        <source>Cores</source>
+        <extracomment>Label of a table row: how many cores the processor has.</extracomment>
+        <translation>Kernen</translation>
+    </message>
+    <message>
+        <source>Usable processors</source>
+        <extracomment>Label of a table row: how many logical processors this process may use.</extracomment>
+        <translation>Bruikbare processors</translation>
+    </message>
+    <message>
+        <source>Processor features</source>
+        <extracomment>Label of a table row: the instruction set extensions of the processor.</extracomment>
+        <translation>Processorfuncties</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <extracomment>Label of a table row: the main memory of the computer.</extracomment>
+        <translation>Geheugen</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <extracomment>Label of a table row: the name of the user.</extracomment>
+        <translation>Gebruiker</translation>
+    </message>
+    <message>
+        <source>Qt version</source>
+        <extracomment>Label of a table row: the version of Qt. “Qt” is a name: keep it.</extracomment>
+        <translation>Qt-versie</translation>
+    </message>
+    <message>
+        <source>Volumes</source>
+        <extracomment>Heading of a list: disks and other file systems.</extracomment>
+        <translation>Volumes</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <extracomment>Heading of a list: the special folders of the user, such as those for documents and pictures.</extracomment>
+        <translation>Mappen</translation>
+    </message>
+    <message>
+        <source>%1, %2 available</source>
+        <extracomment>Memory: %1 is its total size as text, such as “23.5 GiB”, %2 the part that is available.</extracomment>
+        <translation>%1, %2 beschikbaar</translation>
+    </message>
+    <message>
+        <source>%1, %2 free</source>
+        <extracomment>Volume: %1 is its size as text, such as “23.5 GiB”, %2 the part that is free.</extracomment>
+        <translation>%1, %2 vrij</translation>
+    </message>
 </context>
 </TS>

@@ -66,5 +66,90 @@
             <numerusform>Не удалось прочитать %n файлов.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Show the system, its volumes and the user&apos;s folders.</source>
+        <extracomment>Help text of an option. Volumes are disks and other file systems.</extracomment>
+        <translation>Выводит сведения о системе, её томах и папках пользователя.</translation>
+    </message>
+    <message>
+        <source>Write the licences of the components to this file, as a web page.</source>
+        <extracomment>Help text of an option. The components are the libraries that the program uses.</extracomment>
+        <translation>Записывает лицензии компонентов в этот файл в виде веб-страницы.</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <extracomment>%1 is the path of a file, %2 is the reason that the system gives.</extracomment>
+        <translation>Не удалось записать %1: %2</translation>
+    </message>
+    <message>
+        <source>Operating system</source>
+        <extracomment>Label of a table row: name and version of the operating system.</extracomment>
+        <translation>Операционная система</translation>
+    </message>
+    <message>
+        <source>Kernel</source>
+        <extracomment>Label of a table row: name and version of the kernel of the operating system.</extracomment>
+        <translation>Ядро системы</translation>
+    </message>
+    <message>
+        <source>Processor</source>
+        <extracomment>Label of a table row: the model of the processor.</extracomment>
+        <translation>Процессор</translation>
+    </message>
+    <message>
+        <source>Processor type</source>
+        <extracomment>Label of a table row: the architecture of the processor, such as “x86_64”.</extracomment>
+        <translation>Тип процессора</translation>
+    </message>
+    <message>
+        <source>Cores</source>
+        <extracomment>Label of a table row: how many cores the processor has.</extracomment>
+        <translation>Ядра процессора</translation>
+    </message>
+    <message>
+        <source>Usable processors</source>
+        <extracomment>Label of a table row: how many logical processors this process may use.</extracomment>
+        <translation>Доступные процессоры</translation>
+    </message>
+    <message>
+        <source>Processor features</source>
+        <extracomment>Label of a table row: the instruction set extensions of the processor.</extracomment>
+        <translation>Возможности процессора</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <extracomment>Label of a table row: the main memory of the computer.</extracomment>
+        <translation>Память</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <extracomment>Label of a table row: the name of the user.</extracomment>
+        <translation>Пользователь</translation>
+    </message>
+    <message>
+        <source>Qt version</source>
+        <extracomment>Label of a table row: the version of Qt. “Qt” is a name: keep it.</extracomment>
+        <translation>Версия Qt</translation>
+    </message>
+    <message>
+        <source>Volumes</source>
+        <extracomment>Heading of a list: disks and other file systems.</extracomment>
+        <translation>Тома</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <extracomment>Heading of a list: the special folders of the user, such as those for documents and pictures.</extracomment>
+        <translation>Папки</translation>
+    </message>
+    <message>
+        <source>%1, %2 available</source>
+        <extracomment>Memory: %1 is its total size as text, such as “23.5 GiB”, %2 the part that is available.</extracomment>
+        <translation>%1, доступно %2</translation>
+    </message>
+    <message>
+        <source>%1, %2 free</source>
+        <extracomment>Volume: %1 is its size as text, such as “23.5 GiB”, %2 the part that is free.</extracomment>
+        <translation>%1, свободно %2</translation>
+    </message>
 </context>
 </TS>
