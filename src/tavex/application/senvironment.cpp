@@ -1,0 +1,150 @@
+#include <tavex/application/senvironment.h>
+
+#include <tavex/convert/sconvert.h>
+#include <tavex/system/platform_p.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+#include <QProcessEnvironment>
+#include <QStandardPaths>
+#include <QStringList>
+#include <QUuid>
+
+#include <optional>
+
+namespace Quorvex {
+namespace {
+
+std::optional<QStandardPaths::StandardLocation> standardLocation(SpecialFolder folder)
+{
+    // No larger number may become that type. Up to here it may be a location of a newer Qt.
+    constexpr int Last = 31;
+    const int value = static_cast<int>(folder);
+    if (value < 0 || value > Last)
+        return std::nullopt;
+    return static_cast<QStandardPaths::StandardLocation>(value);
+}
+
+/// Variables with a separator at their end, and an empty HOME, leave doubled ones in Qt's paths.
+QString cleaned(const QString &path)
+{
+    return QDir::cleanPath(QDir::fromNativeSeparators(path));
+}
+
+QString standardFolder(QStandardPaths::StandardLocation location, bool writable)
+{
+    return cleaned(writable ? QStandardPaths::writableLocation(location)
+                            : QStandardPaths::standardLocations(location).value(0));
+}
+
+} // namespace
+
+QString SEnvironment::getFolder(SpecialFolder folder, bool writable)
+{
+    if (const auto location = standardLocation(folder))
+        return standardFolder(*location, writable);
+    switch (folder) {
+    case SpecialFolder::RootLocation:
+        return writable ? QString() : cleaned(QDir::rootPath());
+    case SpecialFolder::CommonDataLocation: {
+        const QString path = cleaned(Platform::commonDataFolder());
+        if (path.isEmpty() || (writable && !QFileInfo(path).isWritable()))
+            return getFolder(SpecialFolder::GenericDataLocation, writable);
+        return path;
+    }
+    case SpecialFolder::ColorFolder:
+        return cleaned(Platform::colorFolder());
+    default:
+        return {};
+    }
+}
+
+QString SEnvironment::getFolderDisplayName(SpecialFolder folder)
+{
+    if (folder == SpecialFolder::RootLocation)
+        return QStringLiteral("Root");
+    if (folder == SpecialFolder::CommonDataLocation)
+        folder = SpecialFolder::GenericDataLocation;
+    const auto location = standardLocation(folder);
+    return location ? QStandardPaths::displayName(*location) : QString();
+}
+
+QString SEnvironment::commonApplicationDataFolderLegacy()
+{
+    return QDir::fromNativeSeparators(Platform::commonApplicationDataText());
+}
+
+QString SEnvironment::localApplicationDataFolderLegacy()
+{
+    return QDir::fromNativeSeparators(Platform::localApplicationDataText());
+}
+
+QString SEnvironment::userName()
+{
+    return QProcessEnvironment::systemEnvironment().value(QStringLiteral("USERNAME"));
+}
+
+QString SEnvironment::fullUserName()
+{
+    const QString name = Platform::userDisplayName().trimmed();
+    return name.isEmpty() ? userName() : name;
+}
+
+QString SEnvironment::rawWindowsNewLine()
+{
+    return QStringLiteral("\r\n");
+}
+
+QString SEnvironment::rawUnixNewLine()
+{
+    return QStringLiteral("\n");
+}
+
+QString SEnvironment::rawMacNewLine()
+{
+    return QStringLiteral("\r");
+}
+
+QString SEnvironment::newLine(bool)
+{
+    return rawUnixNewLine();
+}
+
+SVersion SEnvironment::qtCompiledVersion()
+{
+    return {QT_VERSION_MAJOR, QT_VERSION_MINOR, QT_VERSION_PATCH};
+}
+
+QString SEnvironment::qtCompiledVersionString()
+{
+    return SConvert::toString(qtCompiledVersion(), QLocale::c());
+}
+
+SVersion SEnvironment::qtRuntimeVersion()
+{
+    const QStringList parts = QString::fromLatin1(qVersion()).split(QLatin1Char('.'));
+    const auto number = [&](qsizetype i) { return QLocale::c().toInt(parts.value(i)); };
+    return {number(0), number(1), number(2)};
+}
+
+QString SEnvironment::qtRuntimeVersionString()
+{
+    return SConvert::toString(qtRuntimeVersion(), QLocale::c());
+}
+
+QString SEnvironment::tempUniqueFileName(const QString &folder)
+{
+    const QString base =
+        folder.trimmed().isEmpty() ? getFolder(SpecialFolder::TempLocation, true) : folder;
+    return QDir::fromNativeSeparators(
+        base + QLatin1Char('/') + QUuid::createUuid().toString(QUuid::WithoutBraces));
+}
+
+QString SEnvironment::tempUniqueFolder(const QString &folder)
+{
+    const QString path = tempUniqueFileName(folder);
+    return QDir().mkpath(path) ? path : QString();
+}
+
+} // namespace Quorvex

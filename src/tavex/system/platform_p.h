@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+/// \file
+/// What the library needs from the operating system. One source per system, picked by CMake,
+/// defines all of it: platform_unix.cpp and platform_win.cpp. Every function may be called from
+/// any thread; where a system has no such thing, texts are empty and results false or 0.
+
+namespace Quorvex::Platform {
+
+/// The machine-wide application-data folder, in the system's own notation.
+[[nodiscard]] QString commonDataFolder();
+
+/// The folder of the installed colour profiles, in the system's own notation.
+[[nodiscard]] QString colorFolder();
+
+/// The shell-folder value "Common AppData" of the machine.
+[[nodiscard]] QString commonApplicationDataText();
+
+/// The shell-folder value "Local AppData" of the user.
+[[nodiscard]] QString localApplicationDataText();
+
+/// The user's name for people, not trimmed.
+[[nodiscard]] QString userDisplayName();
+
+/// "Windows 10 Enterprise LTSC 2019" and the like.
+[[nodiscard]] QString windowsProductName();
+
+/// Makes \a link, which must not exist yet, a link to the directory \a folder. Waits for up to a
+/// minute where a program has to do it.
+[[nodiscard]] bool linkDirectory(const QString &link, const QString &folder);
+
+[[nodiscard]] bool isKernel64Bit();
+
+/// How many logical processors this process may use at once; at least 1. Reads files, so callers
+/// keep the result: SCpuInfo::threads() does.
+[[nodiscard]] int availableProcessors();
+
+struct ProcessorTopology
+{
+    int packages = 1;
+    int cores = 1; ///< In all packages together.
+};
+
+[[nodiscard]] ProcessorTopology processorTopology();
+
+/// In bytes.
+struct Memory
+{
+    qint64 total = 0;
+    qint64 available = 0;
+    qint64 processUse = 0; ///< What of this process is in physical memory.
+};
+
+[[nodiscard]] Memory memory();
+
+/// A mounted volume, as far as it is known without asking the volume itself.
+struct Volume
+{
+    QString rootPath; ///< With "/"; empty stands for no volume.
+    QString type;     ///< "ext4", "NTFS"; may be empty for a network volume.
+    QString device;
+    bool isLocal = false;
+};
+
+/// The volume that holds \a path. Waits for no network volume. None if there is no such path;
+/// whether a path exists within a network volume is not looked at.
+[[nodiscard]] Volume volumeOf(const QString &path);
+
+/// The volumes that people care about, without those by which the system shows its own state.
+[[nodiscard]] QList<Volume> volumes();
+
+/// Unmounts the volume and ejects its medium. False, and nothing happens, unless the medium can be
+/// removed.
+[[nodiscard]] bool ejectVolume(const Volume &volume);
+
+} // namespace Quorvex::Platform

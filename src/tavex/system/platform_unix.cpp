@@ -1,0 +1,178 @@
+#include <tavex/system/platform_p.h>
+
+#include <tavex/system/procfs_p.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QStringList>
+#include <QSysInfo>
+
+#include <algorithm>
+#include <cerrno>
+#include <memory>
+#include <vector>
+
+#include <fcntl.h>
+#include <linux/cdrom.h>
+#include <pwd.h>
+#include <sched.h>
+#include <sys/ioctl.h>
+#include <sys/mount.h>
+#include <unistd.h>
+
+namespace Quorvex::Platform {
+namespace {
+
+/// How many processors the affinity mask of the process's main thread has.
+int affinityProcessors()
+{
+    // Larger machines than a given mask are refused.
+    for (int size = 1024; size <= 1 << 20; size *= 2) {
+        const std::unique_ptr<cpu_set_t, void (*)(cpu_set_t *)> set(
+            CPU_ALLOC(size), [](cpu_set_t *s) { CPU_FREE(s); });
+        if (!set)
+            break;
+        const std::size_t bytes = CPU_ALLOC_SIZE(size);
+        if (sched_getaffinity(getpid(), bytes, set.get()) == 0)
+            return CPU_COUNT_S(bytes, set.get());
+        if (errno != EINVAL)
+            break;
+    }
+    return static_cast<int>(qBound(1L, sysconf(_SC_NPROCESSORS_ONLN), 1L << 20));
+}
+
+Volume toVolume(const ProcFs::Mount &mount)
+{
+    return {mount.point, mount.type, mount.source, !ProcFs::isNetworkType(mount.type)};
+}
+
+/// Lets the disk service do for a user what only the administrator may do directly.
+bool askDiskService(const QString &action, const QString &device)
+{
+    const QString program = QStandardPaths::findExecutable(QStringLiteral("udisksctl"));
+    if (program.isEmpty())
+        return false;
+    QProcess process;
+    process.start(
+        program, {action, QStringLiteral("--no-user-interaction"), QStringLiteral("-b"), device});
+    return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit
+        && process.exitCode() == 0;
+}
+
+bool openTray(const QString &drive)
+{
+    const int file = open(QFile::encodeName(drive).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0)
+        return false;
+    const bool done = ioctl(file, CDROMEJECT) == 0;
+    close(file);
+    return done;
+}
+
+} // namespace
+
+QString commonDataFolder()
+{
+    return {};
+}
+
+QString colorFolder()
+{
+    return QStandardPaths::locate(QStandardPaths::GenericDataLocation, QStringLiteral("color/icc"),
+        QStandardPaths::LocateDirectory);
+}
+
+QString commonApplicationDataText()
+{
+    return {};
+}
+
+QString localApplicationDataText()
+{
+    return {};
+}
+
+QString userDisplayName()
+{
+    passwd account{};
+    passwd *found = nullptr;
+    std::vector<char> buffer(1024);
+    while (getpwuid_r(getuid(), &account, buffer.data(), buffer.size(), &found) == ERANGE
+        && buffer.size() < 1 << 20)
+        buffer.resize(buffer.size() * 2);
+    if (!found)
+        return {};
+    // Office and telephone numbers follow the name, each behind a comma.
+    const QString name =
+        QString::fromLocal8Bit(found->pw_gecos).section(QLatin1Char(','), 0, 0).trimmed();
+    return name.isEmpty() ? QString::fromLocal8Bit(found->pw_name) : name;
+}
+
+QString windowsProductName()
+{
+    return {};
+}
+
+bool linkDirectory(const QString &link, const QString &folder)
+{
+    if (link.isEmpty() || folder.isEmpty())
+        return false;
+    // A relative text in a link would be taken from the link's own folder.
+    return QFile::link(QFileInfo(folder).absoluteFilePath(), link);
+}
+
+bool isKernel64Bit()
+{
+    const QString machine = QSysInfo::currentCpuArchitecture();
+    return QSysInfo::WordSize == 64 || machine.contains(QLatin1String("64"));
+}
+
+int availableProcessors()
+{
+    const int affinity = qMax(affinityProcessors(), 1);
+    const int limit = ProcFs::controlGroupProcessors();
+    return limit > 0 ? qMin(affinity, limit) : affinity;
+}
+
+ProcessorTopology processorTopology()
+{
+    const ProcessorTopology told = ProcFs::topology();
+    if (told.cores > 0 && told.packages > 0)
+        return told;
+    return {1, static_cast<int>(qBound(1L, sysconf(_SC_NPROCESSORS_ONLN), 1L << 20))};
+}
+
+Memory memory()
+{
+    return ProcFs::memory();
+}
+
+Volume volumeOf(const QString &path)
+{
+    const QList<ProcFs::Mount> mounts = ProcFs::mounts();
+    const ProcFs::Mount *mount = ProcFs::mountOf(path, mounts);
+    return mount ? toVolume(*mount) : Volume();
+}
+
+QList<Volume> volumes()
+{
+    QList<Volume> list;
+    for (const ProcFs::Mount &mount : ProcFs::storageMounts(ProcFs::mounts()))
+        list.append(toVolume(mount));
+    return list;
+}
+
+bool ejectVolume(const Volume &volume)
+{
+    const QString drive = ProcFs::removableDrive(volume.device);
+    if (drive.isEmpty())
+        return false;
+    const bool unmounted =
+        umount2(QFile::encodeName(volume.rootPath).constData(), UMOUNT_NOFOLLOW) == 0
+        || askDiskService(QStringLiteral("unmount"), volume.device);
+    return unmounted && (openTray(drive) || askDiskService(QStringLiteral("power-off"), drive));
+}
+
+} // namespace Quorvex::Platform

@@ -1,0 +1,257 @@
+#include <tavex/system/platform_p.h>
+
+#include <QDir>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QSettings>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <memory>
+#include <vector>
+
+// Windows 7 and later.
+#ifndef _WIN32_WINNT
+#define _WIN32_WINNT 0x0601
+#endif
+#define SECURITY_WIN32
+#include <windows.h>
+
+#include <icm.h>
+#include <psapi.h>
+#include <security.h>
+#include <shlobj.h>
+#include <winioctl.h>
+
+namespace Quorvex::Platform {
+namespace {
+
+QString registryText(const QString &path, const QString &name)
+{
+    return QSettings(path, QSettings::NativeFormat).value(name).toString();
+}
+
+LPCWSTR wide(const QString &text)
+{
+    return reinterpret_cast<LPCWSTR>(text.utf16());
+}
+
+struct HandleCloser
+{
+    void operator()(HANDLE handle) const
+    {
+        if (handle != INVALID_HANDLE_VALUE)
+            CloseHandle(handle);
+    }
+};
+using Handle = std::unique_ptr<void, HandleCloser>;
+
+/// How many records of the kind \a relation the system has.
+int relationCount(LOGICAL_PROCESSOR_RELATIONSHIP relation)
+{
+    DWORD size = 0;
+    GetLogicalProcessorInformationEx(relation, nullptr, &size);
+    std::vector<std::byte> buffer(size);
+    using Record = SYSTEM_LOGICAL_PROCESSOR_INFORMATION_EX;
+    auto *first = reinterpret_cast<Record *>(buffer.data());
+    if (size == 0 || !GetLogicalProcessorInformationEx(relation, first, &size))
+        return 1;
+    int count = 0;
+    for (DWORD at = 0; at < size; ++count)
+        at += reinterpret_cast<const Record *>(buffer.data() + at)->Size;
+    return qMax(count, 1);
+}
+
+/// \a path up to the border of its volume, with "/"; an empty text if there is none.
+QString volumeRoot(const QString &path)
+{
+    std::array<wchar_t, 32768> root;
+    if (!GetVolumePathNameW(wide(QDir::toNativeSeparators(path)), root.data(), DWORD(root.size())))
+        return {};
+    return QDir::fromNativeSeparators(QString::fromWCharArray(root.data()));
+}
+
+Volume describe(const QString &rootPath)
+{
+    const QString native = QDir::toNativeSeparators(rootPath);
+    const UINT type = GetDriveTypeW(wide(native));
+    if (type == DRIVE_NO_ROOT_DIR)
+        return {};
+    Volume volume{rootPath, {}, {}, type != DRIVE_REMOTE};
+    if (!volume.isLocal)
+        return volume;
+    std::array<wchar_t, MAX_PATH + 1> text;
+    if (GetVolumeInformationW(
+            wide(native), nullptr, 0, nullptr, nullptr, nullptr, text.data(), DWORD(text.size())))
+        volume.type = QString::fromWCharArray(text.data());
+    if (GetVolumeNameForVolumeMountPointW(wide(native), text.data(), DWORD(text.size())))
+        volume.device = QString::fromWCharArray(text.data());
+    return volume;
+}
+
+bool control(HANDLE device, DWORD code, void *input = nullptr, DWORD inputSize = 0)
+{
+    DWORD returned = 0;
+    return DeviceIoControl(device, code, input, inputSize, nullptr, 0, &returned, nullptr);
+}
+
+} // namespace
+
+QString commonDataFolder()
+{
+    std::array<wchar_t, MAX_PATH> path{};
+    if (SHGetFolderPathW(nullptr, CSIDL_COMMON_APPDATA, nullptr, SHGFP_TYPE_CURRENT, path.data())
+        != S_OK)
+        return {};
+    return QString::fromWCharArray(path.data());
+}
+
+QString colorFolder()
+{
+    std::array<wchar_t, 260> path{};
+    DWORD bytes = sizeof(path);
+    if (!GetColorDirectoryW(nullptr, path.data(), &bytes))
+        return {};
+    return QString::fromWCharArray(path.data()).trimmed();
+}
+
+QString commonApplicationDataText()
+{
+    return registryText(
+        QStringLiteral("HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Explorer"
+                       "\\Shell Folders"),
+        QStringLiteral("Common AppData"));
+}
+
+QString localApplicationDataText()
+{
+    return registryText(
+        QStringLiteral("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Explorer"
+                       "\\Shell Folders"),
+        QStringLiteral("Local AppData"));
+}
+
+QString userDisplayName()
+{
+    std::array<wchar_t, 200> name{};
+    ULONG length = name.size();
+    if (!GetUserNameExW(NameDisplay, name.data(), &length))
+        return {};
+    return QString::fromWCharArray(name.data(), qMin(length, ULONG(name.size())));
+}
+
+QString windowsProductName()
+{
+    return registryText(
+        QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion"),
+        QStringLiteral("ProductName"));
+}
+
+bool linkDirectory(const QString &link, const QString &folder)
+{
+    constexpr int Timeout = 30000;
+    const QString quote(QLatin1Char('"'));
+    if (link.isEmpty() || folder.isEmpty() || (link + folder).contains(quote))
+        return false;
+    // Always in quotation marks: QProcess would leave them out of a path without blanks, and the
+    // shell would then run what follows an ampersand in it.
+    const QStringList arguments{QStringLiteral("/c mklink /j"),
+        quote + QDir::toNativeSeparators(link) + quote,
+        quote + QDir::toNativeSeparators(folder) + quote};
+    QProcess process;
+    process.setProgram(QStringLiteral("cmd"));
+    process.setNativeArguments(arguments.join(QLatin1Char(' ')));
+    process.start(QIODevice::ReadWrite);
+    return process.waitForStarted(Timeout) && process.waitForFinished(Timeout)
+        && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+}
+
+bool isKernel64Bit()
+{
+    return QProcessEnvironment::systemEnvironment().contains(QStringLiteral("ProgramW6432"));
+}
+
+int availableProcessors()
+{
+    // A process in several groups of up to 64 processors has no one mask.
+    std::array<USHORT, 64> groups;
+    USHORT groupCount = groups.size();
+    if (GetProcessGroupAffinity(GetCurrentProcess(), &groupCount, groups.data()) && groupCount > 1)
+        return qMax(static_cast<int>(GetActiveProcessorCount(ALL_PROCESSOR_GROUPS)), 1);
+    DWORD_PTR process = 0;
+    DWORD_PTR system = 0;
+    if (GetProcessAffinityMask(GetCurrentProcess(), &process, &system))
+        return qMax(std::popcount(process), 1);
+    return 1;
+}
+
+ProcessorTopology processorTopology()
+{
+    return {relationCount(RelationProcessorPackage), relationCount(RelationProcessorCore)};
+}
+
+Memory memory()
+{
+    Memory figures;
+    MEMORYSTATUSEX status{};
+    status.dwLength = sizeof(status);
+    if (GlobalMemoryStatusEx(&status)) {
+        figures.total = static_cast<qint64>(status.ullTotalPhys);
+        figures.available = static_cast<qint64>(status.ullAvailPhys);
+    }
+    PROCESS_MEMORY_COUNTERS counters{};
+    if (K32GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof(counters)))
+        figures.processUse = static_cast<qint64>(counters.WorkingSetSize);
+    return figures;
+}
+
+Volume volumeOf(const QString &path)
+{
+    if (path.isEmpty())
+        return {};
+    const QString absolute = QDir::fromNativeSeparators(QDir(path).absolutePath());
+    if (absolute.startsWith(QLatin1String("//"))) // A share: its server is not asked.
+        return {absolute.section(QLatin1Char('/'), 0, 3) + QLatin1Char('/'), {}, {}, false};
+    const QString drive = absolute.left(3);
+    if (GetDriveTypeW(wide(QDir::toNativeSeparators(drive))) == DRIVE_REMOTE)
+        return {drive, {}, {}, false};
+    if (GetFileAttributesW(wide(QDir::toNativeSeparators(absolute))) == INVALID_FILE_ATTRIBUTES)
+        return {};
+    const QString root = volumeRoot(absolute);
+    return root.isEmpty() ? Volume() : describe(root);
+}
+
+QList<Volume> volumes()
+{
+    QList<Volume> list;
+    const DWORD drives = GetLogicalDrives();
+    for (int i = 0; i < 26; ++i) {
+        if (!(drives >> i & 1))
+            continue;
+        const Volume volume =
+            describe(QChar(static_cast<char16_t>(u'A' + i)) + QStringLiteral(":/"));
+        if (!volume.rootPath.isEmpty())
+            list.append(volume);
+    }
+    return list;
+}
+
+bool ejectVolume(const Volume &volume)
+{
+    const UINT type = GetDriveTypeW(wide(QDir::toNativeSeparators(volume.rootPath)));
+    if (volume.device.isEmpty() || (type != DRIVE_REMOVABLE && type != DRIVE_CDROM))
+        return false;
+    QString device = volume.device;
+    device.chop(1); // With the backslash the name stands for the root folder.
+    const Handle file(CreateFileW(wide(device), GENERIC_READ | GENERIC_WRITE,
+        FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
+    if (file.get() == INVALID_HANDLE_VALUE)
+        return false;
+    PREVENT_MEDIA_REMOVAL prevent{};
+    return control(file.get(), FSCTL_LOCK_VOLUME) && control(file.get(), FSCTL_DISMOUNT_VOLUME)
+        && control(file.get(), IOCTL_STORAGE_MEDIA_REMOVAL, &prevent, sizeof(prevent))
+        && control(file.get(), IOCTL_STORAGE_EJECT_MEDIA);
+}
+
+} // namespace Quorvex::Platform

@@ -1,0 +1,22 @@
+#include <tavex/system/smemoryinfo.h>
+
+#include <tavex/system/platform_p.h>
+
+namespace Quorvex {
+
+qint64 SMemoryInfo::total()
+{
+    return Platform::memory().total;
+}
+
+qint64 SMemoryInfo::available()
+{
+    return Platform::memory().available;
+}
+
+qint64 SMemoryInfo::processUse()
+{
+    return Platform::memory().processUse;
+}
+
+} // namespace Quorvex

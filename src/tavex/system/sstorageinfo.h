@@ -1,0 +1,71 @@
+#pragma once
+
+#include <tavex/core/export.h>
+
+#include <QList>
+#include <QString>
+
+namespace Quorvex {
+
+namespace Platform {
+struct Volume;
+}
+
+/// The mounted volume that holds a path: a value, taken when it is constructed.
+///
+/// Construction and every member that does not say otherwise go by the system's list of volumes,
+/// so that a network volume whose server is gone is never waited for. One object is used by one
+/// thread at a time.
+class TAVEX_EXPORT SStorageInfo
+{
+public:
+    /// No volume.
+    SStorageInfo() = default;
+    /// The volume of \a path, a file or a folder, links followed. No volume if the path does not
+    /// exist; within a network volume that is not looked at.
+    explicit SStorageInfo(const QString &path);
+
+    /// Every mounted volume, without those by which the system shows its own state.
+    [[nodiscard]] static QList<SStorageInfo> volumes();
+
+    [[nodiscard]] bool isValid() const noexcept { return !m_rootPath.isEmpty(); }
+
+    /// The path as it was given.
+    [[nodiscard]] const QString &path() const noexcept { return m_path; }
+
+    /// The folder at which the volume is mounted.
+    [[nodiscard]] const QString &rootPath() const noexcept { return m_rootPath; }
+
+    /// The file-system type, such as "ext4" or "NTFS"; may be empty for a network volume.
+    [[nodiscard]] const QString &type() const noexcept { return m_type; }
+
+    /// Whether no server has to be asked for what is on the volume, by its file-system type. False
+    /// for no volume.
+    [[nodiscard]] bool isLocal() const noexcept { return m_isLocal; }
+
+    /// The volume's label, or else rootPath(). Waits for the volume.
+    [[nodiscard]] QString name() const;
+
+    /// The volume's size; 0 if it does not tell. Waits for the volume.
+    [[nodiscard]] qint64 totalBytes() const;
+
+    /// How many bytes the user may still write, which can be less than is free; 0 if the volume
+    /// does not tell. Waits for the volume.
+    [[nodiscard]] qint64 freeBytes() const;
+
+    /// Unmounts the volume and ejects its medium. False, and nothing happens, if the medium cannot
+    /// be removed; also false if the volume is in use or the user may not do this. Waits until it
+    /// is done.
+    bool eject();
+
+private:
+    SStorageInfo(const QString &path, const Platform::Volume &volume);
+
+    QString m_path;
+    QString m_rootPath;
+    QString m_type;
+    QString m_device;
+    bool m_isLocal = false;
+};
+
+} // namespace Quorvex
