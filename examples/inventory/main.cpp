@@ -1,7 +1,9 @@
 // Lists the files of a folder with their sizes and checksums, in the language of the user.
 
 #include "inventory.h"
+#include "sysinfo.h"
 
+#include <tavex/S3rdParty>
 #include <tavex/SConvert>
 #include <tavex/SLocale>
 #include <tavex/TavexApplication>
@@ -14,18 +16,19 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSaveFile>
 #include <QTextStream>
 
 #include <algorithm>
 
 using namespace Quorvex;
 
-namespace {
-
-QString tr(const char *text, int n = -1)
+QString tr(const char *text, int n)
 {
     return QCoreApplication::translate("inventory", text, nullptr, n);
 }
+
+namespace {
 
 /// How many columns of a terminal \a text takes: Chinese characters take two.
 qsizetype displayWidth(const QString &text)
@@ -43,8 +46,9 @@ QString rightAligned(const QString &text, qsizetype width)
 struct Options
 {
     QString folder;
-    QLocale locale;
+    QString legalFile;
     bool json = false;
+    bool sysinfo = false;
 };
 
 /// The text of --lang before anything else: the help text is in that language, too.
@@ -83,6 +87,11 @@ Options parse(const QStringList &arguments)
     const QCommandLineOption lang(QStringLiteral("lang"),
         tr("Language of the output, such as de or fr."), QStringLiteral("LANG"));
     const QCommandLineOption json(QStringLiteral("json"), tr("Write JSON instead of text."));
+    const QCommandLineOption sysinfo(
+        QStringLiteral("sysinfo"), tr("Show the system, its volumes and the user's folders."));
+    const QCommandLineOption legal(QStringLiteral("legal"),
+        tr("Write the licences of the components to this file, as a web page."),
+        QStringLiteral("FILE"));
     QCommandLineOption defaultFolder(
         QStringLiteral("default-folder"), {}, QStringLiteral("FOLDER"));
     defaultFolder.setFlags(QCommandLineOption::HiddenFromHelp);
@@ -93,7 +102,7 @@ Options parse(const QStringList &arguments)
         tr("Lists every file below a folder with its size and its CRC-32 checksum."));
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addOptions({lang, json, defaultFolder});
+    parser.addOptions({lang, json, sysinfo, legal, defaultFolder});
     parser.addPositionalArgument(
         QStringLiteral("FOLDER"), tr("The folder to list."), QStringLiteral("[FOLDER]"));
     parser.process(arguments);
@@ -101,7 +110,8 @@ Options parse(const QStringList &arguments)
     const QStringList folders = parser.positionalArguments();
     if (folders.size() > 1)
         parser.showHelp(2);
-    return {folders.value(0, parser.value(defaultFolder)), QLocale(), parser.isSet(json)};
+    return {folders.value(0, parser.value(defaultFolder)), parser.value(legal), parser.isSet(json),
+        parser.isSet(sysinfo)};
 }
 
 /// Writes the records one by one, as text.
@@ -169,6 +179,27 @@ private:
     QJsonArray m_files;
 };
 
+/// Writes the legal page; the exit status is 1 if that fails.
+int writeLegalPage(const QString &fileName)
+{
+    QSaveFile file(fileName);
+    const QByteArray page = S3rdParty::legalInformation().toUtf8();
+    if (file.open(QIODevice::WriteOnly) && file.write(page) == page.size() && file.commit())
+        return 0;
+    QTextStream(stderr) << tr("Cannot write %1: %2").arg(fileName, file.errorString()) << '\n';
+    return 1;
+}
+
+int showSystem(bool asJson)
+{
+    QTextStream out(stdout);
+    if (asJson)
+        out << QString::fromUtf8(systemAsJson());
+    else
+        writeSystem(out, QLocale());
+    return 0;
+}
+
 /// Lists the folder through \a report; the exit status is 1 if a file could not be read.
 template <typename Report>
 int list(const QString &folder, Report report)
@@ -201,6 +232,11 @@ int main(int argc, char *argv[])
     setLanguage(languageArgument(QCoreApplication::arguments()));
 
     const Options options = parse(QCoreApplication::arguments());
+    if (!options.legalFile.isEmpty())
+        return writeLegalPage(options.legalFile);
+    if (options.sysinfo)
+        return showSystem(options.json);
+
     const QFileInfo folder(options.folder);
     if (!folder.isDir() || !folder.isReadable()) {
         QTextStream(stderr) << tr("%1 is not a folder that can be read.").arg(options.folder)
@@ -209,5 +245,5 @@ int main(int argc, char *argv[])
     }
     if (options.json)
         return list(options.folder, JsonReport());
-    return list(options.folder, TextReport(options.locale));
+    return list(options.folder, TextReport(QLocale()));
 }

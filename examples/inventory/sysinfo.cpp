@@ -24,7 +24,7 @@ QStringList featureNames()
     QStringList names;
     for (const auto &row : CpuFeatureFlags_T::rows) {
         if (testAnyFlag(SCpuInfo::features(), row.value))
-            names.append(QString::fromLatin1(row.key));
+            names.append(QString::fromUtf16(row.key));
     }
     return names;
 }
@@ -41,7 +41,7 @@ QList<Folder> folders()
     for (const auto &row : SpecialFolder_T::rows) {
         const QString path = SEnvironment::getFolder(row.value, true);
         const QString name = SpecialFolder_T::instance().toString(row.value);
-        if (!path.isEmpty() && name == QLatin1String(row.key))
+        if (!path.isEmpty() && name == QString::fromUtf16(row.key))
             result.append({name, path});
     }
     return result;

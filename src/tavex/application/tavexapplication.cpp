@@ -1,11 +1,15 @@
 #include <tavex/application/tavexapplication.h>
 
+#include <tavex/application/senvironment.h>
 #include <tavex/convert/slocale.h>
 #include <tavex/core/spointer.h>
 
 #include <QCoreApplication>
+#include <QDate>
 #include <QDir>
 #include <QLibraryInfo>
+#include <QProcess>
+#include <QSet>
 
 #include <algorithm>
 #include <mutex>
@@ -17,6 +21,19 @@ const QString &catalogueFolder()
 {
     static const QString folder = QStringLiteral(":/translations");
     return folder;
+}
+
+struct Identity
+{
+    QString build;
+    QString commit;
+    QString licenseKey;
+};
+
+Identity &identity()
+{
+    static Identity identity;
+    return identity;
 }
 
 struct Registration
@@ -52,7 +69,110 @@ QTranslator *addTranslator(Registration &r)
     return translator;
 }
 
+/// Loads the catalogue \a file into \a translator from the first of \a folders that has it.
+bool loadFrom(QTranslator &translator, const QString &file, const QStringList &folders)
+{
+    return std::ranges::any_of(
+        folders, [&](const QString &folder) { return translator.load(file, folder); });
+}
+
 } // namespace
+
+void TavexApplication::infoRegister(const QString &applicationName, const QString &organizationName,
+    const QString &applicationVersion, const QString &build, const QString &commit)
+{
+    QCoreApplication::setApplicationName(applicationName);
+    QCoreApplication::setOrganizationName(organizationName);
+    QCoreApplication::setApplicationVersion(applicationVersion);
+    identity().build = build;
+    identity().commit = commit;
+}
+
+QString TavexApplication::applicationName()
+{
+    return QCoreApplication::applicationName();
+}
+
+QString TavexApplication::organizationName()
+{
+    return QCoreApplication::organizationName();
+}
+
+QString TavexApplication::applicationVersion()
+{
+    return QCoreApplication::applicationVersion();
+}
+
+QString TavexApplication::applicationBuild()
+{
+    return identity().build;
+}
+
+QString TavexApplication::applicationCommit()
+{
+    return identity().commit;
+}
+
+QString TavexApplication::licenseKey()
+{
+    return identity().licenseKey;
+}
+
+void TavexApplication::setLicenseKey(const QString &key)
+{
+    identity().licenseKey = key;
+}
+
+QString TavexApplication::applicationFolder()
+{
+    return unifiedSeparators(QCoreApplication::applicationDirPath());
+}
+
+QString TavexApplication::createApplicationSubfolders(const QString &base)
+{
+    QString path = base;
+    if (path.endsWith(QDir::separator()) || path.endsWith(QLatin1Char('/')))
+        path.chop(1);
+    for (const QString &name : {organizationName(), applicationName()}) {
+        if (!name.isEmpty())
+            path += QLatin1Char('/') + name;
+    }
+    if (!QDir(path).exists())
+        QDir().mkpath(path);
+    return unifiedSeparators(path);
+}
+
+QString TavexApplication::userApplicationDataFolder(bool writable)
+{
+    return commonApplicationDataFolder(false, writable);
+}
+
+QString TavexApplication::commonApplicationDataFolder(bool common, bool writable)
+{
+    const auto folder =
+        common ? SpecialFolder::CommonDataLocation : SpecialFolder::GenericDataLocation;
+    return createApplicationSubfolders(SEnvironment::getFolder(folder, writable));
+}
+
+QString TavexApplication::copyrightString(int firstYear)
+{
+    const QString word = QObject::tr("Copyright");
+    const int year = QDate::currentDate().year();
+    const QString years =
+        firstYear < 1 ? QString::number(year) : QStringLiteral("%1-%2").arg(firstYear).arg(year);
+    QString text = QStringLiteral("%1 %2 %3").arg(word, years, organizationName()).trimmed();
+    if (!text.endsWith(QLatin1Char('.')))
+        text += QLatin1Char('.');
+    return text;
+}
+
+QString TavexApplication::flagIconName(const QLocale &locale)
+{
+    const QString name = SLocale::name(locale);
+    const QString code =
+        SLocale::isKlingon(locale) ? name : name.section(QLatin1Char('_'), 1).toLower();
+    return QStringLiteral(":/flags/svg/%1.svg").arg(code);
+}
 
 void TavexApplication::init(const QLocale &locale)
 {
@@ -94,7 +214,7 @@ void TavexApplication::translationUnregister(SEnumTranslatorBase *translator)
 
 QStringList TavexApplication::translationPaths()
 {
-    const QString folder = unifiedSeparators(QCoreApplication::applicationDirPath());
+    const QString folder = applicationFolder();
     return {
         folder, folder + QStringLiteral("/translations"), QStringLiteral(":/"), catalogueFolder()};
 }
@@ -102,11 +222,8 @@ QStringList TavexApplication::translationPaths()
 bool TavexApplication::translationLoad(
     QTranslator *translator, const QString &name, const QLocale &locale)
 {
-    if (!translator || name.isEmpty())
-        return false;
-    const QString file = catalogueFile(name, locale);
-    return std::ranges::any_of(
-        translationPaths(), [&](const QString &folder) { return translator->load(file, folder); });
+    return translator && !name.isEmpty()
+        && loadFrom(*translator, catalogueFile(name, locale), translationPaths());
 }
 
 bool TavexApplication::qtTranslationLoad(
@@ -124,9 +241,47 @@ QStringList TavexApplication::qtTranslatorNames()
     return {QStringLiteral("qt")};
 }
 
+QList<QLocale::Language> TavexApplication::translationList(const QString &name)
+{
+    const QStringList folders = translationPaths();
+    QTranslator translator;
+    QSet<QLocale::Language> languages;
+    for (int value = QLocale::C + 1; value <= QLocale::LastLanguage; ++value) {
+        const QLocale locale(QLocale::Language(value), QLocale::AnyScript, QLocale::AnyTerritory);
+        // Languages that Qt has no data for come back as another one.
+        if (!languages.contains(locale.language())
+            && loadFrom(translator, catalogueFile(name, locale), folders))
+            languages.insert(locale.language());
+    }
+    return languages.values();
+}
+
 QList<QTranslator *> TavexApplication::translations()
 {
     return registration().translators.toList();
+}
+
+void TavexApplication::restart()
+{
+    const QString program = QCoreApplication::applicationFilePath();
+    QStringList arguments = QCoreApplication::arguments();
+    const auto native = [](QString path) {
+        return path.replace(QLatin1Char('/'), QDir::separator());
+    };
+    if (!arguments.isEmpty()
+        && native(arguments.constFirst()).compare(native(program), Qt::CaseInsensitive) == 0)
+        arguments.removeFirst();
+    QProcess::startDetached(program, arguments, QCoreApplication::applicationDirPath());
+}
+
+void TavexApplication::reboot(int exitCode)
+{
+    QCoreApplication *application = QCoreApplication::instance();
+    if (!application)
+        return;
+    QObject::connect(application, &QCoreApplication::aboutToQuit, application,
+        &TavexApplication::restart, Qt::DirectConnection);
+    QCoreApplication::exit(exitCode);
 }
 
 } // namespace Quorvex

@@ -11,16 +11,58 @@
 
 namespace Quorvex {
 
-/// What an application sets up once: its catalogues for the user's language.
+/// What an application sets up once: its identity, its catalogues for the user's language, its data
+/// folders; and how it starts itself again.
 ///
-/// Create the QCoreApplication, register the names of the application's catalogues, call init(),
-/// and install what translations() returns; the library never installs a translator itself.
+/// Create the QCoreApplication, call infoRegister(), register the names of the application's
+/// catalogues, call init(), and install what translations() returns; the library never installs a
+/// translator itself.
 ///
 /// init() and translationRegister() exclude one another and may be called from any thread, also by
-/// a runtime loader that init() calls. The other members take no lock.
+/// a runtime loader that init() calls. The other members take no lock: set the identity and the
+/// licence key before other threads read them.
 class TAVEX_EXPORT TavexApplication
 {
 public:
+    /// Sets the names and the version of QCoreApplication, and what identifies the build and the
+    /// source revision.
+    static void infoRegister(const QString &applicationName, const QString &organizationName,
+        const QString &applicationVersion, const QString &build, const QString &commit);
+
+    [[nodiscard]] static QString applicationName();
+    [[nodiscard]] static QString organizationName();
+    [[nodiscard]] static QString applicationVersion();
+    [[nodiscard]] static QString applicationBuild();
+    [[nodiscard]] static QString applicationCommit();
+
+    /// A text that the library keeps for the application and never looks at.
+    [[nodiscard]] static QString licenseKey();
+    static void setLicenseKey(const QString &key);
+
+    /// The folder of the program file.
+    [[nodiscard]] static QString applicationFolder();
+
+    /// \a base, without a separator at its end, followed by the organisation's and the
+    /// application's name as far as they are set. The folder is created with all its parents; the
+    /// path is returned also if that fails.
+    static QString createApplicationSubfolders(const QString &base);
+
+    // The application's folders for data of the user and, with \a common, of all users, created as
+    // by createApplicationSubfolders(). \a writable asks for a folder that can be written to,
+    // otherwise for the first of those that are read; see SEnvironment::getFolder().
+    static QString userApplicationDataFolder(bool writable = true);
+    static QString commonApplicationDataFolder(bool common, bool writable = true);
+
+    /// "Copyright 2020-2026 Organisation.", to the current year, with the first word in the
+    /// language of the installed translators. Without \a firstYear (less than 1), the current year
+    /// alone.
+    [[nodiscard]] static QString copyrightString(int firstYear = 0);
+
+    /// The resource path of the flag of the territory of \a locale, ":/flags/svg/de.svg"; for
+    /// Klingon ":/flags/svg/tlh.svg". There is no such resource for a territory that is not a
+    /// country ("001", the world) and for the C locale, which has none (":/flags/svg/.svg").
+    [[nodiscard]] static QString flagIconName(const QLocale &locale);
+
     /// Makes \a locale the default locale, loads every registered enumeration translator for it,
     /// and makes and loads a translator for Qt's own texts and for each registered catalogue. A
     /// catalogue that is missing leaves its translator empty. A further call adds new translators;
@@ -51,8 +93,20 @@ public:
     /// The base names of Qt's own catalogues that init() loads: "qt".
     [[nodiscard]] static QStringList qtTranslatorNames();
 
+    /// The languages for which a catalogue \a name is found in translationPaths(), in no order.
+    [[nodiscard]] static QList<QLocale::Language> translationList(const QString &name);
+
     /// The translators that init() made, in order. The library keeps them until it is unloaded.
     [[nodiscard]] static QList<QTranslator *> translations();
+
+    /// Starts the program once more, detached, with the arguments and in the folder of the program
+    /// file. This process goes on. Whether the start succeeds is not told.
+    static void restart();
+
+    /// Ends the event loop with \a exitCode and starts the program once more while it quits;
+    /// twice, if called twice. To be called on the application's thread; without an application
+    /// nothing happens.
+    static void reboot(int exitCode = 0);
 
 private:
     friend SEnumTranslatorBase;

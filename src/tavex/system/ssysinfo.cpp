@@ -24,12 +24,12 @@ constexpr quint32 plainValue(OperatingSystem os)
     return static_cast<quint32>(os) & ~NamedBit;
 }
 
-/// The first key of the value, or null: of aliases, the first is the current name.
-const char *keyOf(quint32 value)
+/// The first key of the value, or nothing: of aliases, the first is the current name.
+QString keyOf(quint32 value)
 {
     const auto row = std::ranges::find(OperatingSystem_T::rows, static_cast<OperatingSystem>(value),
         &SEnumKey<OperatingSystem>::value);
-    return row == std::end(OperatingSystem_T::rows) ? nullptr : row->key;
+    return row == std::end(OperatingSystem_T::rows) ? QString() : QString::fromUtf16(row->key);
 }
 
 bool runningWindowsHas(quint32 mask)
@@ -192,12 +192,11 @@ QString SSysInfo::operatingSystemName(const OperatingSystem &os, bool marketing)
     default:
         break;
     }
-    const char *key = marketing ? keyOf(value | NamedBit) : nullptr;
-    if (!key)
-        key = keyOf(value);
-    if (!key)
+    QString name = marketing ? keyOf(value | NamedBit) : QString();
+    if (name.isEmpty())
+        name = keyOf(value);
+    if (name.isEmpty())
         return OperatingSystem_T::instance().toString(os);
-    QString name = QString::fromLatin1(key);
     for (qsizetype i = 1; i + 1 < name.size(); ++i) {
         // Between digits of a version there is a dot.
         if (name.at(i) == QLatin1Char('_'))
