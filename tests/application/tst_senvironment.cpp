@@ -130,6 +130,7 @@ private Q_SLOTS:
     void shortcuts()
     {
         using E = SEnvironment;
+        const Environment set({QStringLiteral("HOME=/h")});
         const std::pair<QString (*)(bool), int> table[] = {{&E::desktopFolder, 0},
             {&E::documentsFolder, 1}, {&E::fontsFolder, 2}, {&E::applicationsFolder, 3},
             {&E::musicFolder, 4}, {&E::moviesFolder, 5}, {&E::picturesFolder, 6},
