@@ -127,44 +127,24 @@ private Q_SLOTS:
         QCOMPARE(SEnvironment::runtimeFolder(true), runtime.path());
     }
 
-    void shortcuts_data()
-    {
-        using Shortcut = QString (*)(bool);
-        QTest::addColumn<Shortcut>("shortcut");
-        QTest::addColumn<int>("value");
-        const auto row = [](const char *name, Shortcut shortcut, int value) {
-            QTest::newRow(name) << shortcut << value;
-        };
-        row("desktop", &SEnvironment::desktopFolder, 0);
-        row("documents", &SEnvironment::documentsFolder, 1);
-        row("fonts", &SEnvironment::fontsFolder, 2);
-        row("applications", &SEnvironment::applicationsFolder, 3);
-        row("music", &SEnvironment::musicFolder, 4);
-        row("movies", &SEnvironment::moviesFolder, 5);
-        row("pictures", &SEnvironment::picturesFolder, 6);
-        row("temp", &SEnvironment::tempFolder, 7);
-        row("home", &SEnvironment::homeFolder, 8);
-        row("data", &SEnvironment::dataFolder, 9);
-        row("local data", &SEnvironment::appLocalDataLocation, 9);
-        row("cache", &SEnvironment::cacheFolder, 10);
-        row("generic data", &SEnvironment::genericDataFolder, 11);
-        row("config", &SEnvironment::configFolder, 13);
-        row("download", &SEnvironment::downloadFolder, 14);
-        row("generic cache", &SEnvironment::genericCacheFolder, 15);
-        row("generic config", &SEnvironment::genericConfigFolder, 16);
-        row("app data", &SEnvironment::appDataLocation, 17);
-        row("app config", &SEnvironment::appConfigLocation, 18);
-    }
     void shortcuts()
     {
-        using Shortcut = QString (*)(bool);
-        QFETCH(Shortcut, shortcut);
-        QFETCH(int, value);
-        const auto location = static_cast<QStandardPaths::StandardLocation>(value);
-        QCOMPARE(shortcut(true), QStandardPaths::writableLocation(location));
-        QCOMPARE(shortcut(false), QStandardPaths::standardLocations(location).value(0));
-        QCOMPARE(SEnvironment::getFolderDisplayName(static_cast<SpecialFolder>(value)),
-            QStandardPaths::displayName(location));
+        using E = SEnvironment;
+        const Environment set({QStringLiteral("HOME=/h")});
+        const std::pair<QString (*)(bool), int> table[] = {{&E::desktopFolder, 0},
+            {&E::documentsFolder, 1}, {&E::fontsFolder, 2}, {&E::applicationsFolder, 3},
+            {&E::musicFolder, 4}, {&E::moviesFolder, 5}, {&E::picturesFolder, 6},
+            {&E::tempFolder, 7}, {&E::homeFolder, 8}, {&E::dataFolder, 9},
+            {&E::appLocalDataLocation, 9}, {&E::cacheFolder, 10}, {&E::genericDataFolder, 11},
+            {&E::configFolder, 13}, {&E::downloadFolder, 14}, {&E::genericCacheFolder, 15},
+            {&E::genericConfigFolder, 16}, {&E::appDataLocation, 17}, {&E::appConfigLocation, 18}};
+        for (const auto &[shortcut, value] : table) {
+            const auto location = static_cast<QStandardPaths::StandardLocation>(value);
+            QCOMPARE(shortcut(true), QStandardPaths::writableLocation(location));
+            QCOMPARE(shortcut(false), QStandardPaths::standardLocations(location).value(0));
+            QCOMPARE(E::getFolderDisplayName(static_cast<SpecialFolder>(value)),
+                QStandardPaths::displayName(location));
+        }
     }
 
     void ownFolders()

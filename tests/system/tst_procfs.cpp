@@ -211,6 +211,20 @@ private Q_SLOTS:
             QVERIFY2(!ProcFs::isNetworkType(QString::fromLatin1(type)), type);
     }
 
+    void directoryLink()
+    {
+        const QTemporaryDir top;
+        QVERIFY(QDir(top.path()).mkpath(QStringLiteral("größe/in")));
+        const QString folder = top.filePath(QStringLiteral("größe"));
+        const QString link = top.filePath(QStringLiteral("link"));
+        // Relative to where the program is, not to where the link is.
+        QVERIFY(Platform::linkDirectory(link, QDir::current().relativeFilePath(folder)));
+        QVERIFY(QDir(link + QStringLiteral("/in")).exists());
+        QVERIFY(!Platform::linkDirectory(link, folder));
+        QVERIFY(!Platform::linkDirectory(QString(), folder));
+        QVERIFY(!Platform::linkDirectory(link + QStringLiteral("2"), QString()));
+    }
+
     void removableDrives()
     {
         const SampleRoot root;

@@ -48,7 +48,7 @@ QString SEnvironment::getFolder(SpecialFolder folder, bool writable)
     case SpecialFolder::RootLocation:
         return writable ? QString() : cleaned(QDir::rootPath());
     case SpecialFolder::CommonDataLocation: {
-        const QString path = cleaned(Platform::commonDataFolder());
+        QString path = cleaned(Platform::commonDataFolder());
         if (path.isEmpty() || (writable && !QFileInfo(path).isWritable()))
             return getFolder(SpecialFolder::GenericDataLocation, writable);
         return path;

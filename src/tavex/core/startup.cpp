@@ -17,7 +17,7 @@
 #include <tavex/enums/silengthunit.h>
 #include <tavex/enums/siprefix.h>
 #include <tavex/enums/specialfolder.h>
-#include <tavex/system/scpuinfo.h>
+#include <tavex/system/cpu_p.h>
 
 #include <QVariant>
 
@@ -143,9 +143,7 @@ public:
         S3rdParty::registerModule(QStringLiteral("Qt"), QStringLiteral(":/QT_LICENSE"),
             S3rdParty::qtSite(), SVersion(QT_VERSION_MAJOR, QT_VERSION_MINOR, QT_VERSION_PATCH));
         registerResources();
-        // SCpuInfo keeps the count for good. Asked for here, it does not depend on who is first:
-        // the program may confine its threads to fewer processors later.
-        static_cast<void>(SCpuInfo::threads());
+        Cpu::affinityAtLoad(); // The rest of SCpuInfo::threads() takes longer and can wait.
     }
 
     ~Startup()

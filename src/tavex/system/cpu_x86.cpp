@@ -16,7 +16,7 @@ using Registers = std::array<quint32, 4>; // EAX, EBX, ECX, EDX
 Registers cpuid(quint32 leaf, quint32 subleaf = 0)
 {
     Registers r{};
-    if (!__get_cpuid_count(leaf, subleaf, &r[0], &r[1], &r[2], &r[3]))
+    if (!__get_cpuid_count(leaf, subleaf, r.data(), &r[1], &r[2], &r[3]))
         r = {};
     return r;
 }

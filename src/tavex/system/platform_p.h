@@ -34,9 +34,12 @@ namespace Quorvex::Platform {
 
 [[nodiscard]] bool isKernel64Bit();
 
-/// How many logical processors this process may use at once; at least 1. Reads files, so callers
-/// keep the result: SCpuInfo::threads() does.
-[[nodiscard]] int availableProcessors();
+/// How many logical processors are in the affinity mask of this process; at least 1.
+[[nodiscard]] int affinityProcessors();
+
+/// How many processors' time this process may use by the quotas that it is under, rounded up; 0 if
+/// there is no limit. Reads files: about 0.1 ms.
+[[nodiscard]] int quotaProcessors();
 
 struct ProcessorTopology
 {

@@ -9,7 +9,6 @@
 #include <QStringList>
 #include <QSysInfo>
 
-#include <algorithm>
 #include <cerrno>
 #include <memory>
 #include <vector>
@@ -25,22 +24,11 @@
 namespace Quorvex::Platform {
 namespace {
 
-/// How many processors the affinity mask of the process's main thread has.
-int affinityProcessors()
+constexpr int MaxProcessors = 1 << 20;
+
+int onlineProcessors()
 {
-    // Larger machines than a given mask are refused.
-    for (int size = 1024; size <= 1 << 20; size *= 2) {
-        const std::unique_ptr<cpu_set_t, void (*)(cpu_set_t *)> set(
-            CPU_ALLOC(size), [](cpu_set_t *s) { CPU_FREE(s); });
-        if (!set)
-            break;
-        const std::size_t bytes = CPU_ALLOC_SIZE(size);
-        if (sched_getaffinity(getpid(), bytes, set.get()) == 0)
-            return CPU_COUNT_S(bytes, set.get());
-        if (errno != EINVAL)
-            break;
-    }
-    return static_cast<int>(qBound(1L, sysconf(_SC_NPROCESSORS_ONLN), 1L << 20));
+    return static_cast<int>(qBound(1L, sysconf(_SC_NPROCESSORS_ONLN), long{MaxProcessors}));
 }
 
 Volume toVolume(const ProcFs::Mount &mount)
@@ -129,11 +117,27 @@ bool isKernel64Bit()
     return QSysInfo::WordSize == 64 || machine.contains(QLatin1String("64"));
 }
 
-int availableProcessors()
+int affinityProcessors()
 {
-    const int affinity = qMax(affinityProcessors(), 1);
-    const int limit = ProcFs::controlGroupProcessors();
-    return limit > 0 ? qMin(affinity, limit) : affinity;
+    // The kernel refuses a mask that is too small for the machine. The mask is that of the main
+    // thread: the calling one may be confined for reasons of its own.
+    for (int size = 1024; size <= MaxProcessors; size *= 2) {
+        const std::unique_ptr<cpu_set_t, void (*)(cpu_set_t *)> set(
+            CPU_ALLOC(size), [](cpu_set_t *s) { CPU_FREE(s); });
+        if (!set)
+            break;
+        const std::size_t bytes = CPU_ALLOC_SIZE(size);
+        if (sched_getaffinity(getpid(), bytes, set.get()) == 0)
+            return qMax(CPU_COUNT_S(bytes, set.get()), 1);
+        if (errno != EINVAL)
+            break;
+    }
+    return onlineProcessors();
+}
+
+int quotaProcessors()
+{
+    return ProcFs::controlGroupProcessors();
 }
 
 ProcessorTopology processorTopology()
@@ -141,7 +145,7 @@ ProcessorTopology processorTopology()
     const ProcessorTopology told = ProcFs::topology();
     if (told.cores > 0 && told.packages > 0)
         return told;
-    return {1, static_cast<int>(qBound(1L, sysconf(_SC_NPROCESSORS_ONLN), 1L << 20))};
+    return {1, onlineProcessors()};
 }
 
 Memory memory()

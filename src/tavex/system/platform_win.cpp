@@ -5,7 +5,6 @@
 #include <QProcessEnvironment>
 #include <QSettings>
 
-#include <algorithm>
 #include <array>
 #include <bit>
 #include <memory>
@@ -172,7 +171,7 @@ bool isKernel64Bit()
     return QProcessEnvironment::systemEnvironment().contains(QStringLiteral("ProgramW6432"));
 }
 
-int availableProcessors()
+int affinityProcessors()
 {
     // A process in several groups of up to 64 processors has no one mask.
     std::array<USHORT, 64> groups;
@@ -184,6 +183,11 @@ int availableProcessors()
     if (GetProcessAffinityMask(GetCurrentProcess(), &process, &system))
         return qMax(std::popcount(process), 1);
     return 1;
+}
+
+int quotaProcessors()
+{
+    return 0;
 }
 
 ProcessorTopology processorTopology()

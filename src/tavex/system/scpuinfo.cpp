@@ -7,6 +7,12 @@
 
 namespace Quorvex {
 
+int Cpu::affinityAtLoad()
+{
+    static const int count = Platform::affinityProcessors();
+    return count;
+}
+
 QString SCpuInfo::vendor()
 {
     return Cpu::vendor();
@@ -54,7 +60,11 @@ int SCpuInfo::cores()
 
 int SCpuInfo::threads()
 {
-    static const int count = Platform::availableProcessors();
+    static const int count = [] {
+        const int affinity = Cpu::affinityAtLoad();
+        const int quota = Platform::quotaProcessors();
+        return quota > 0 ? qMin(affinity, quota) : affinity;
+    }();
     return count;
 }
 

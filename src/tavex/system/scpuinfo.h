@@ -33,7 +33,7 @@ public:
 
     /// The number of logical processors that this process may use, at least 1: those in its
     /// affinity mask and, under Linux, no more than the quota of its control groups, rounded up.
-    /// Taken once, when the library is loaded.
+    /// Always the same: the mask is that of the library's load, the quota that of the first call.
     [[nodiscard]] static int threads();
 };
 

@@ -4,10 +4,12 @@
 
 #include <QStorageInfo>
 
+#include <utility>
+
 namespace Quorvex {
 
-SStorageInfo::SStorageInfo(const QString &path, const Platform::Volume &volume)
-    : m_path(path)
+SStorageInfo::SStorageInfo(QString path, const Platform::Volume &volume)
+    : m_path(std::move(path))
     , m_rootPath(volume.rootPath)
     , m_type(volume.type)
     , m_device(volume.device)

@@ -59,7 +59,7 @@ public:
     bool eject();
 
 private:
-    SStorageInfo(const QString &path, const Platform::Volume &volume);
+    SStorageInfo(QString path, const Platform::Volume &volume);
 
     QString m_path;
     QString m_rootPath;

@@ -27,8 +27,8 @@ constexpr quint32 plainValue(OperatingSystem os)
 /// The first key of the value, or nothing: of aliases, the first is the current name.
 QString keyOf(quint32 value)
 {
-    const auto row = std::ranges::find(OperatingSystem_T::rows, static_cast<OperatingSystem>(value),
-        &SEnumKey<OperatingSystem>::value);
+    const auto *const row = std::ranges::find(OperatingSystem_T::rows,
+        static_cast<OperatingSystem>(value), &SEnumKey<OperatingSystem>::value);
     return row == std::end(OperatingSystem_T::rows) ? QString() : QString::fromUtf16(row->key);
 }
 
