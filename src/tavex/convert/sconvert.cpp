@@ -21,26 +21,37 @@ QString usableFormat(const QString &format)
     return trimmed.isEmpty() ? QStringLiteral("{MM}.{mm}.{pp}") : trimmed;
 }
 
-QRegularExpression versionPattern(const QString &format)
+/// The expression of a format, and the numbers of its groups; -1 for a component that it leaves
+/// out.
+struct VersionPattern
 {
-    QString pattern = usableFormat(format);
-    for (const Token &token : {MajorToken, MinorToken, PatchToken})
-        pattern.replace(token.text, token.pattern);
-    return QRegularExpression(pattern);
-}
+    explicit VersionPattern(const QString &format)
+    {
+        QString pattern = usableFormat(format);
+        for (const Token &token : {MajorToken, MinorToken, PatchToken})
+            pattern.replace(token.text, token.pattern);
+        expression.setPattern(pattern);
+        const QStringList names = expression.namedCaptureGroups();
+        major = int(names.indexOf(QStringLiteral("major")));
+        minor = int(names.indexOf(QStringLiteral("minor")));
+        patch = int(names.indexOf(QStringLiteral("patch")));
+    }
 
-SVersion findVersion(const QString &text, const QRegularExpression &pattern, const QLocale &locale)
+    QRegularExpression expression;
+    int major = -1;
+    int minor = -1;
+    int patch = -1;
+};
+
+SVersion findVersion(const QString &text, const VersionPattern &pattern, const QLocale &locale)
 {
-    if (!pattern.isValid())
+    if (!pattern.expression.isValid())
         return {};
-    const QRegularExpressionMatch match = pattern.match(text);
+    const QRegularExpressionMatch match = pattern.expression.match(text);
     if (!match.hasMatch())
         return {};
-    const auto component = [&](const QString &name) {
-        return locale.toInt(match.capturedView(name));
-    };
-    return {component(QStringLiteral("major")), component(QStringLiteral("minor")),
-        component(QStringLiteral("patch"))};
+    const auto component = [&](int group) { return locale.toInt(match.capturedView(group)); };
+    return {component(pattern.major), component(pattern.minor), component(pattern.patch)};
 }
 
 } // namespace
@@ -66,13 +77,13 @@ QString SConvert::toString(const SVersion &version, const QString &format, const
 
 SVersion SConvert::toVersion(const QString &text, const QLocale &locale)
 {
-    static const QRegularExpression pattern = versionPattern(QString());
+    static const VersionPattern pattern{QString()};
     return findVersion(text, pattern, locale);
 }
 
 SVersion SConvert::toVersion(const QString &text, const QString &format, const QLocale &locale)
 {
-    return findVersion(text, versionPattern(format), locale);
+    return findVersion(text, VersionPattern(format), locale);
 }
 
 SVersion SConvert::variantToVersion(

@@ -124,8 +124,11 @@ QString groupBelow(const QString &mountRoot, const QString &group)
 qint64 kilobyteLine(const QByteArray &text, const char *name)
 {
     for (const QByteArray &line : text.split('\n')) {
-        if (line.startsWith(name))
-            return line.simplified().split(' ').value(1).toInt() * qint64(1024);
+        if (line.startsWith(name)) {
+            constexpr qint64 Last = (std::numeric_limits<qint64>::max)() / 1024;
+            return qBound(qint64(0), line.simplified().split(' ').value(1).toLongLong(), Last)
+                * 1024;
+        }
     }
     return 0;
 }
