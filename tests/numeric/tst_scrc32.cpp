@@ -166,11 +166,10 @@ private Q_SLOTS:
         SCrc32 a(0xEDB88320);
         const SCrc32 b(0x82608EDB);
         QVERIFY(a != b && a.value() == b.value() && a == b.value());
-        SCrc32 c(a);
-        c.update(1);
-        QVERIFY(a != c);
-        c = b;
-        QCOMPARE(c.calculate(7), SCrc32(0x82608EDB).update(7));
+        a = b;
+        QVERIFY(a == b);
+        QCOMPARE(a.calculate(7), SCrc32(0x82608EDB).update(7));
+        QVERIFY(a != b);
     }
 
     void devices()
