@@ -39,6 +39,7 @@ private Q_SLOTS:
     void concurrentUse()
     {
         std::vector<std::thread> threads;
+        threads.reserve(4);
         for (int t = 0; t < 4; ++t) {
             threads.emplace_back([t] {
                 for (int i = 0; i < 2000; i += 4) {
