@@ -190,11 +190,13 @@ private Q_SLOTS:
         const SStorageInfo info(folder.path());
         const QStorageInfo expected(folder.path());
         QVERIFY(info.isValid() && info.isLocal());
-        QCOMPARE(info.rootPath(), expected.rootPath());
-        QCOMPARE(info.type().toLatin1(), expected.fileSystemType());
-        QCOMPARE(info.totalBytes(), expected.bytesTotal());
-        // Others write meanwhile.
-        QVERIFY(qAbs(info.freeBytes() - expected.bytesAvailable()) < Q_INT64_C(1) << 30);
+        if (expected.isValid()) { // Qt does not know the root of a chroot.
+            QCOMPARE(info.rootPath(), expected.rootPath());
+            QCOMPARE(info.type().toLatin1(), expected.fileSystemType());
+            QCOMPARE(info.totalBytes(), expected.bytesTotal());
+            // Others write meanwhile.
+            QVERIFY(qAbs(info.freeBytes() - expected.bytesAvailable()) < Q_INT64_C(1) << 30);
+        }
 
         const QString missing = folder.filePath(QStringLiteral("none/file"));
         for (SStorageInfo none : {SStorageInfo(), SStorageInfo(QString()), SStorageInfo(missing)}) {
@@ -205,7 +207,7 @@ private Q_SLOTS:
 
         int roots = 0;
         for (const SStorageInfo &volume : SStorageInfo::volumes()) {
-            roots += volume.rootPath() == QStorageInfo::root().rootPath();
+            roots += volume.rootPath() == QDir::rootPath();
             QCOMPARE(volume.path(), volume.rootPath());
             QCOMPARE(SStorageInfo(volume.path()).rootPath(), volume.rootPath());
         }

@@ -23,6 +23,7 @@ struct Mount
 };
 
 /// In the order in which they are listed: of several on one point, the last is the visible one.
+/// There is always one at "/", of an unknown type if need be.
 [[nodiscard]] QList<Mount> mounts(const QString &root = QString());
 
 /// Whether file systems of this type ask a server, or mount one that does, when they are looked at.

@@ -149,6 +149,10 @@ QList<Mount> mounts(const QString &root)
             QString::fromLatin1(fields.at(dash + 1)), unescaped(fields.at(dash + 2)),
             QString::fromLatin1(fields.at(dash + 3))});
     }
+    // Where the root of the process is no mount point, as in a chroot, nothing is listed for it.
+    const QString top = QStringLiteral("/");
+    if (std::ranges::find(list, top, &Mount::point) == list.end())
+        list.prepend({top, top, {}, {}, {}});
     return list;
 }
 
