@@ -12,8 +12,8 @@
 #include <QUrl>
 #include <QUuid>
 
-#include <array>
-#include <charconv>
+#include <algorithm>
+#include <limits>
 #include <optional>
 
 namespace Quorvex {
@@ -64,7 +64,17 @@ SVersion findVersion(const QString &text, const VersionPattern &pattern, const Q
     const QRegularExpressionMatch match = pattern.expression.match(text);
     if (!match.hasMatch())
         return {};
-    const auto component = [&](int group) { return locale.toInt(match.capturedView(group)); };
+    // One or two digits of ASCII need no parser where they are the locale's own.
+    const bool isPlain = locale.zeroDigit() == u'0';
+    const auto component = [&](int group) {
+        const QStringView digits = match.capturedView(group);
+        if (!isPlain)
+            return locale.toInt(digits);
+        int value = 0;
+        for (const QChar digit : digits)
+            value = 10 * value + digit.digitValue();
+        return value;
+    };
     return {component(pattern.major), component(pattern.minor), component(pattern.patch)};
 }
 
@@ -103,16 +113,22 @@ QString realText(double value, int shortest, const QString &format, const QLocal
     return locale.toString(value, option->name.front().toLatin1(), option->number);
 }
 
-/// How many digits tell \a value from every other float, at least the six that each float has.
+/// How many digits it takes to read \a value back; six never lose a digit that was there. QLocale
+/// reads a double and refuses it above the largest float, to which the nearest short texts round
+/// up.
 int digitsOf(float value)
 {
-    std::array<char, 32> buffer{};
-    const std::to_chars_result result = std::to_chars(
-        buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific);
-    int digits = 0;
-    for (const char *c = buffer.data(); c != result.ptr && *c != 'e'; ++c)
-        digits += *c >= '0' && *c <= '9';
-    return std::max(digits, std::numeric_limits<float>::digits10);
+    constexpr int MaxDigits = std::numeric_limits<double>::max_digits10;
+    const auto number = static_cast<double>(value);
+    int digits = std::numeric_limits<float>::digits10;
+    while (std::isfinite(value) && digits < MaxDigits) {
+        const double read = QByteArray::number(number, 'e', digits - 1).toDouble();
+        if (std::abs(read) <= static_cast<double>((std::numeric_limits<float>::max)())
+            && static_cast<float>(read) == value)
+            break;
+        ++digits;
+    }
+    return digits;
 }
 
 template <typename T>
