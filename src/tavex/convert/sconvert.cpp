@@ -64,11 +64,13 @@ SVersion findVersion(const QString &text, const VersionPattern &pattern, const Q
     const QRegularExpressionMatch match = pattern.expression.match(text);
     if (!match.hasMatch())
         return {};
-    // One or two digits of ASCII need no parser where they are the locale's own.
+    // One or two digits of ASCII need no parser where they are the locale's own. A group that the
+    // format names itself may be any text.
     const bool isPlain = locale.zeroDigit() == u'0';
     const auto component = [&](int group) {
         const QStringView digits = match.capturedView(group);
-        if (!isPlain)
+        const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
+        if (!isPlain || digits.size() > 2 || !std::all_of(digits.begin(), digits.end(), isDigit))
             return locale.toInt(digits);
         int value = 0;
         for (const QChar digit : digits)
