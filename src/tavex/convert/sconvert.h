@@ -306,7 +306,7 @@ private:
     {
         if (format.isEmpty())
             return locale.toString(widened(value));
-        const auto bits = static_cast<quint64>(value);
+        const auto bits = static_cast<quint64>(widened(value));
         return integerText(value < 0 ? 0 - bits : bits, value < 0, format, locale);
     }
     template <typename E>
