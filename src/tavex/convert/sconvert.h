@@ -4,11 +4,53 @@
 #include <tavex/core/snumber.h>
 #include <tavex/core/sversion.h>
 
+#include <QList>
 #include <QLocale>
+#include <QMap>
 #include <QString>
 #include <QVariant>
 
+#include <cmath>
+
+QT_FORWARD_DECLARE_CLASS(QDate)
+QT_FORWARD_DECLARE_CLASS(QDateTime)
+QT_FORWARD_DECLARE_CLASS(QJsonArray)
+QT_FORWARD_DECLARE_CLASS(QJsonDocument)
+QT_FORWARD_DECLARE_CLASS(QJsonObject)
+QT_FORWARD_DECLARE_CLASS(QJsonValue)
+QT_FORWARD_DECLARE_CLASS(QTime)
+QT_FORWARD_DECLARE_CLASS(QUrl)
+QT_FORWARD_DECLARE_CLASS(QUuid)
+
 namespace Quorvex {
+
+enum class OperatingSystem : quint32;
+
+/// A number or a truth value.
+template <typename T>
+concept SScalar = SNumber<T> || std::same_as<T, bool>;
+
+template <typename... T>
+struct STypeList
+{
+    template <typename U>
+    static constexpr bool contains = (std::same_as<T, U> || ...);
+};
+
+/// The types that SConvert::toString() knows beside scalars, enumerations, text and lists. Each has
+/// an overload of SConvert::text(), and may be held in a QVariant.
+using STextTypes = STypeList<QByteArray, QDate, QTime, QDateTime, QUrl, QUuid, QJsonDocument,
+    QJsonObject, QJsonArray, QJsonValue, QVariantMap, QVariant, SVersion>;
+
+template <typename T>
+inline constexpr bool isTextType =
+    SScalar<T> || std::is_enum_v<T> || std::same_as<T, QString> || STextTypes::contains<T>;
+template <typename T>
+inline constexpr bool isTextType<QList<T>> = isTextType<T>;
+
+/// A type whose values SConvert::toString() turns into text.
+template <typename T>
+concept STextType = isTextType<T>;
 
 /// Conversion between values and text under a locale. Failures give a neutral value. All members
 /// may be called from any thread.
@@ -16,17 +58,187 @@ namespace Quorvex {
 /// A format is empty for the default of the value's type; a locale that is left out is the default
 /// one.
 ///
-/// Versions: in the format "{MM}", "{mm}" and "{pp}" stand for major, minor and patch; it is
-/// trimmed, and empty means "{MM}.{mm}.{pp}". To read a version, each of them takes one or two
-/// decimal digits and the rest of the format is a regular expression (so a dot stands for any
-/// character) that is searched anywhere in the text.
+/// \par Formats
+/// Integers: "{base:16}", "{width:8}" (zeros in front), or both. Reals: "{f:2}", "{e:3}", "{g:6}"
+/// for notation and precision. Dates and times: "{short}", "{long}", "{iso}", or a pattern of Qt's.
+/// JSON: "{indent}" or "{json:indent}". Lists and maps: that of their elements, or "{json}" and
+/// "{json:indent}". Other types have no formats but SVersion. A format that cannot be used is taken
+/// as empty.
+///
+/// \par Versions
+/// In the format "{MM}", "{mm}" and "{pp}" stand for major, minor and patch; it is trimmed, and
+/// empty means "{MM}.{mm}.{pp}". To read a version, each of them takes one or two decimal digits
+/// and the rest of the format is a regular expression (so a dot stands for any character) that is
+/// searched anywhere in the text.
 class TAVEX_EXPORT SConvert
 {
+    /// What the conversions to all numbers share: those from values.
+    template <SNumber T>
+    struct ToNumber
+    {
+        template <SScalar N>
+        [[nodiscard]] constexpr T operator()(N value) const noexcept
+        {
+            if constexpr (std::floating_point<N>)
+                return saturated<T>(value);
+            else
+                return static_cast<T>(value);
+        }
+    };
+
+    /// The conversion to the integer T. Text is read as a Parsed by \a InLocale in base 10 and by
+    /// \a InBase in every other.
+    template <SInteger T, SInteger Parsed, Parsed (QLocale::*InLocale)(QStringView, bool *) const,
+        Parsed (QString::*InBase)(bool *, int) const>
+    struct ToInteger : ToNumber<T>
+    {
+        using ToNumber<T>::operator();
+
+        [[nodiscard]] T operator()(const QString &text, bool *ok, const QLocale &locale) const
+        {
+            return static_cast<T>((locale.*InLocale)(text, ok));
+        }
+        [[nodiscard]] T operator()(
+            const QString &text, bool *ok, const QLocale &locale, int base) const
+        {
+            if (base == 10)
+                return (*this)(text, ok, locale);
+            if (base == 0 || (base >= 2 && base <= 36))
+                return static_cast<T>((text.*InBase)(ok, base));
+            if (ok)
+                *ok = false;
+            return 0;
+        }
+        // A base is exactly an int, so that a QLocale::Language becomes a locale.
+        template <std::same_as<int> Base>
+        [[nodiscard]] T operator()(const QString &text, bool *ok, Base base) const
+        {
+            return base == 10 ? (*this)(text, ok, QLocale()) : (*this)(text, ok, QLocale::C, base);
+        }
+        [[nodiscard]] T operator()(const QString &text, bool *ok) const
+        {
+            return (*this)(text, ok, QLocale());
+        }
+        [[nodiscard]] T operator()(
+            const QString &text, const QLocale &locale = QLocale(), int base = 10) const
+        {
+            return (*this)(text, nullptr, locale, base);
+        }
+        template <std::same_as<int> Base>
+        [[nodiscard]] T operator()(const QString &text, Base base) const
+        {
+            return (*this)(text, nullptr, base);
+        }
+        template <std::same_as<QVariant> Variant>
+        [[nodiscard]] T operator()(const Variant &value, const QLocale &locale = QLocale()) const
+        {
+            if (value.userType() == QMetaType::QString)
+                return (*this)(value.toString(), locale);
+            return fromVariant<T>(value);
+        }
+    };
+
+    template <std::floating_point T, T (QLocale::*InLocale)(QStringView, bool *) const>
+    struct ToReal : ToNumber<T>
+    {
+        using ToNumber<T>::operator();
+
+        [[nodiscard]] T operator()(
+            const QString &text, bool *ok, const QLocale &locale = QLocale()) const
+        {
+            return (locale.*InLocale)(text, ok);
+        }
+        [[nodiscard]] T operator()(const QString &text, const QLocale &locale = QLocale()) const
+        {
+            return (*this)(text, nullptr, locale);
+        }
+        template <std::same_as<QVariant> Variant>
+        [[nodiscard]] T operator()(const Variant &value, const QLocale &locale = QLocale()) const
+        {
+            if (value.userType() == QMetaType::QString)
+                return (*this)(value.toString(), locale);
+            return fromVariant<T>(value);
+        }
+    };
+
 public:
-    [[nodiscard]] static QString toString(const SVersion &version);
-    [[nodiscard]] static QString toString(const SVersion &version, const QLocale &locale);
+    /// Each is called with
+    /// - a number or a `bool`: integers wrap around, reals are truncated towards zero and take the
+    ///   nearest limit where they do not fit; NaN gives 0;
+    /// - `(text [, ok] [, locale] [, base])`: base 10 is read as \a locale writes numbers, and
+    ///   every other base, up to 36, by the rules of C; base 0 takes "0x" and "0" as marks of the
+    ///   base. 0 and false in \a ok, which may be null, for text that is no number of the type;
+    /// - `(variant [, locale])`: text is read as above, other types go through QMetaType's
+    ///   conversions; 0 if there is none.
+    ///
+    /// The 8-bit integers are the low 8 bits of the 16-bit ones: the text "300" gives 44.
+    static constexpr ToInteger<qint8, short, &QLocale::toShort, &QString::toShort> toInt8{};
+    static constexpr ToInteger<quint8, ushort, &QLocale::toUShort, &QString::toUShort> toUInt8{};
+    static constexpr ToInteger<qint16, short, &QLocale::toShort, &QString::toShort> toInt16{};
+    static constexpr ToInteger<quint16, ushort, &QLocale::toUShort, &QString::toUShort> toUInt16{};
+    static constexpr ToInteger<qint32, int, &QLocale::toInt, &QString::toInt> toInt32{};
+    static constexpr ToInteger<quint32, uint, &QLocale::toUInt, &QString::toUInt> toUInt32{};
+    static constexpr ToInteger<qint64, qlonglong, &QLocale::toLongLong, &QString::toLongLong>
+        toInt64{};
+    static constexpr ToInteger<quint64, qulonglong, &QLocale::toULongLong, &QString::toULongLong>
+        toUInt64{};
+
+    /// As above, without a base.
+    static constexpr ToReal<float, &QLocale::toFloat> toSingle{};
+    static constexpr ToReal<double, &QLocale::toDouble> toDouble{};
+
+    /// Whether \a value is not 0; true for NaN.
+    template <SScalar N>
+    [[nodiscard]] static constexpr bool toBool(N value) noexcept
+    {
+        return value != N(0);
+    }
+    /// Whether \a text, trimmed and in upper or lower case, is a word for Bool::True: in the
+    /// language of the default locale its translation, its English word or its key, in others its
+    /// key.
+    [[nodiscard]] static bool toBool(const QString &text, const QLocale &locale = QLocale());
+    /// Text is read as above, other types go through QMetaType's conversions; false if there is
+    /// none.
+    template <std::same_as<QVariant> Variant>
+    [[nodiscard]] static bool toBool(const Variant &value, const QLocale &locale = QLocale())
+    {
+        if (value.userType() == QMetaType::QString)
+            return toBool(value.toString(), locale);
+        return fromVariant<bool>(value);
+    }
+
+    /// The text of \a value.
+    ///
+    /// Without a format, numbers are what \a locale makes of them, reals with as many digits as it
+    /// takes to read them back; a `bool` is its word, which is translated in the language of the
+    /// default locale; bytes are UTF-8; dates and times are in the locale's long form; JSON is
+    /// compact; an enumeration is its key. The elements of lists are joined by ", ", or by "; "
+    /// where \a locale has a decimal comma. A QVariant of any of these is written as the value that
+    /// it holds, unless SVariantConvert has a converter for it; other types through QVariant.
+    template <STextType T>
+    [[nodiscard]] static QString toString(const T &value, const QLocale &locale = QLocale())
+    {
+        if constexpr (SInteger<T>)
+            return locale.toString(widened(value));
+        else
+            return text(value, QString(), locale);
+    }
+    template <STextType T>
     [[nodiscard]] static QString toString(
-        const SVersion &version, const QString &format, const QLocale &locale = QLocale());
+        const T &value, const QString &format, const QLocale &locale = QLocale())
+    {
+        return text(value, format, locale);
+    }
+    /// Text is returned as it is.
+    [[nodiscard]] static QString toString(const QString &value, const QLocale & = QLocale())
+    {
+        return value;
+    }
+    [[nodiscard]] static QString toString(
+        const QString &value, const QString &, const QLocale & = QLocale())
+    {
+        return value;
+    }
 
     /// The first version in \a text; the null version if there is none or \a format cannot be used.
     [[nodiscard]] static SVersion toVersion(const QString &text, const QLocale &locale = QLocale());
@@ -61,6 +273,86 @@ public:
     [[nodiscard]] static QVariant toVariant(const SVersion &version);
 
 private:
+    /// An integer as one of the two types that QLocale and QVariant take on every system.
+    template <SInteger T>
+    static constexpr auto widened(T value) noexcept
+    {
+        if constexpr (std::is_signed_v<T>)
+            return qlonglong(value);
+        else
+            return qulonglong(value);
+    }
+
+    /// \a value, which holds no text, as QMetaType converts it.
+    template <SScalar T>
+    static T fromVariant(const QVariant &value)
+    {
+        const auto type = QMetaType::fromType<T>();
+        if (value.metaType() == type)
+            return *static_cast<const T *>(value.constData());
+        if constexpr (SInteger<T>) {
+            // QMetaType rounds a real too, but cuts off the high bits of what does not fit.
+            const int from = value.userType();
+            if (from == QMetaType::Double || from == QMetaType::Float)
+                return saturated<T>(std::round(value.toDouble()));
+        }
+        T result{};
+        QMetaType::convert(value.metaType(), value.constData(), type, &result);
+        return result;
+    }
+
+    template <SInteger T>
+    static QString text(T value, const QString &format, const QLocale &locale)
+    {
+        if (format.isEmpty())
+            return locale.toString(widened(value));
+        const auto bits = static_cast<quint64>(widened(value));
+        return integerText(value < 0 ? 0 - bits : bits, value < 0, format, locale);
+    }
+    template <typename E>
+    requires std::is_enum_v<E>
+    static QString text(E value, const QString &format, const QLocale &locale)
+    {
+        return text(QVariant::fromValue(value), format, locale);
+    }
+    template <STextType T>
+    static QString text(const QList<T> &list, const QString &format, const QLocale &locale)
+    {
+        QVariantList values;
+        values.reserve(list.size());
+        for (const T &value : list) {
+            if constexpr (SInteger<T>)
+                values.append(widened(value));
+            else
+                values.append(QVariant::fromValue(value));
+        }
+        return text(values, format, locale);
+    }
+    static QString text(float value, const QString &format, const QLocale &locale);
+    static QString text(double value, const QString &format, const QLocale &locale);
+    static QString text(bool value, const QString &format, const QLocale &locale);
+    static QString text(OperatingSystem value, const QString &format, const QLocale &locale);
+    static QString text(const QString &value, const QString &format, const QLocale &locale);
+    static QString text(const QByteArray &value, const QString &format, const QLocale &locale);
+    static QString text(const QDate &value, const QString &format, const QLocale &locale);
+    static QString text(const QTime &value, const QString &format, const QLocale &locale);
+    static QString text(const QDateTime &value, const QString &format, const QLocale &locale);
+    static QString text(const QUrl &value, const QString &format, const QLocale &locale);
+    static QString text(const QUuid &value, const QString &format, const QLocale &locale);
+    static QString text(const QJsonDocument &value, const QString &format, const QLocale &locale);
+    static QString text(const QJsonObject &value, const QString &format, const QLocale &locale);
+    static QString text(const QJsonArray &value, const QString &format, const QLocale &locale);
+    static QString text(const QJsonValue &value, const QString &format, const QLocale &locale);
+    static QString text(const QVariantList &value, const QString &format, const QLocale &locale);
+    static QString text(const QVariantMap &value, const QString &format, const QLocale &locale);
+    static QString text(const QVariant &value, const QString &format, const QLocale &locale);
+    static QString text(const SVersion &value, const QString &format, const QLocale &locale);
+
+    static QString integerText(
+        quint64 magnitude, bool isNegative, const QString &format, const QLocale &locale);
+    /// With \a isElement, lists and maps are put in brackets.
+    static QString variantText(
+        const QVariant &value, const QString &format, const QLocale &locale, bool isElement);
     static SVersion variantToVersion(
         const QVariant &value, const QString &format, const QLocale &locale);
 };

@@ -1,0 +1,355 @@
+#include <tavex/OperatingSystem>
+#include <tavex/SConvert>
+#include <tavex/SIPrefix>
+#include <tavex/SLocale>
+#include <tavex/TavexApplication>
+
+#include <QDateTime>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSet>
+#include <QTest>
+#include <QUrl>
+#include <QUuid>
+
+#include <limits>
+#include <vector>
+
+using namespace Quorvex;
+
+namespace {
+
+template <typename Function, typename... Arguments>
+concept Takes = requires(Function f, Arguments... a)
+{
+    f(a...);
+};
+
+constexpr auto toBool = [](auto &&...a) -> decltype(SConvert::toBool(a...)) {
+    return SConvert::toBool(a...);
+};
+constexpr auto toString = [](auto &&...a) -> decltype(SConvert::toString(a...)) {
+    return SConvert::toString(a...);
+};
+
+// Neither a pointer nor text that needs a conversion may end up as a number or a truth value.
+static_assert(!Takes<decltype(SConvert::toInt32), const char *>);
+static_assert(!Takes<decltype(SConvert::toDouble), const int *>);
+static_assert(!Takes<decltype(SConvert::toInt32), char>);
+static_assert(!Takes<decltype(SConvert::toInt32), QString, bool>);
+static_assert(!Takes<decltype(toBool), const char *> && !Takes<decltype(toBool), void *>);
+static_assert(!Takes<decltype(toString), const char *> && !Takes<decltype(toString), int *>);
+static_assert(!Takes<decltype(toString), char>);
+
+static_assert(SConvert::toInt8(300L) == 44 && SConvert::toUInt8(std::size_t(511)) == 255);
+static_assert(SConvert::toInt32(3.9) == 3 && SConvert::toInt32(-3.9F) == -3);
+static_assert(SConvert::toInt32(1e300) == (std::numeric_limits<int>::max)());
+static_assert(SConvert::toInt8(-1e9F) == -128 && SConvert::toUInt64(-1.0) == 0);
+static_assert(SConvert::toUInt16(std::numeric_limits<double>::quiet_NaN()) == 0);
+static_assert(SConvert::toSingle(true) == 1.0F && SConvert::toDouble(-7UL + 8UL) == 1.0);
+static_assert(SConvert::toBool(std::numeric_limits<float>::quiet_NaN()));
+static_assert(!SConvert::toBool(-0.0) && SConvert::toBool(1UL << 40) && !SConvert::toBool(0));
+
+QString string(const char *text)
+{
+    return QString::fromUtf8(text);
+}
+
+template <typename T>
+std::vector<T> samples()
+{
+    using Limits = std::numeric_limits<T>;
+    std::vector<T> values{Limits::lowest(), Limits::max(), T(0), T(1), T(100), T(-1)};
+    if constexpr (std::is_floating_point_v<T>) {
+        const T more[] = {Limits::min(), Limits::denorm_min(), Limits::epsilon(), T(0.1), T(-2.5),
+            T(1234567.875), T(1) / 3, Limits::infinity()};
+        values.insert(values.end(), std::begin(more), std::end(more));
+    }
+    return values;
+}
+
+/// Whether QLocale reads the text that it writes itself.
+template <typename T>
+bool qtReads(T value, const QLocale &locale)
+{
+    bool ok = false;
+    if constexpr (std::is_floating_point_v<T>) {
+        const double number = double(value);
+        return locale.toDouble(locale.toString(number, 'g', QLocale::FloatingPointShortest), &ok)
+            == number
+            && ok;
+    } else if constexpr (std::is_signed_v<T>) {
+        return locale.toLongLong(locale.toString(qlonglong(value)), &ok) == value && ok;
+    } else {
+        return locale.toULongLong(locale.toString(qulonglong(value)), &ok) == value && ok;
+    }
+}
+
+} // namespace
+
+class TestSConvert : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QLocale::setDefault(QLocale::c()); }
+
+    void everyLocale()
+    {
+        const QList<QLocale> locales = QLocale::matchingLocales(
+            QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);
+        QVERIFY(locales.size() > 500);
+        // Values in locales whose text Qt itself does not read: negative integers, and reals.
+        int integers = 0;
+        int reals = 0;
+        const auto check = [&](const auto &parser, auto type, const QLocale &locale) {
+            using T = decltype(type);
+            for (const T value : samples<T>()) {
+                bool ok = false;
+                if (!qtReads(value, locale)) {
+                    ++(std::is_floating_point_v<T> ? reals : integers);
+                    continue;
+                }
+                for (const char *format : {"", "{width:30}", "{base:10}", "{unknown}"}) {
+                    const QString text = SConvert::toString(value, string(format), locale);
+                    const T read = parser(text, &ok, locale);
+                    QVERIFY2(ok && read == value, qPrintable(locale.name() + u' ' + text));
+                    QCOMPARE(parser(QVariant(text), locale), value);
+                }
+            }
+        };
+        for (const QLocale &locale : locales) {
+            check(SConvert::toInt8, qint8(), locale);
+            check(SConvert::toUInt8, quint8(), locale);
+            check(SConvert::toInt16, qint16(), locale);
+            check(SConvert::toUInt16, quint16(), locale);
+            check(SConvert::toInt32, qint32(), locale);
+            check(SConvert::toUInt32, quint32(), locale);
+            check(SConvert::toInt64, qint64(), locale);
+            check(SConvert::toUInt64, quint64(), locale);
+            check(SConvert::toSingle, float(), locale);
+            check(SConvert::toDouble, double(), locale);
+            QLocale::setDefault(locale);
+            QVERIFY(SConvert::toBool(SConvert::toString(true), locale));
+            QVERIFY(!SConvert::toBool(SConvert::toString(false), locale));
+        }
+        QVERIFY2(integers <= 44 * 8, qPrintable(QString::number(integers)));
+        QVERIFY2(reals <= 726, qPrintable(QString::number(reals)));
+    }
+
+    void parsesIntegers_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("base");
+        QTest::addColumn<bool>("fits");
+        QTest::addColumn<int>("expected");
+        const auto row = [](const char *text, int base, bool fits, int expected) {
+            QTest::addRow("%s in base %d", text, base) << string(text) << base << fits << expected;
+        };
+        row("ff", 16, true, 255);
+        row("ff", 10, false, 0);
+        row("0x1f", 0, true, 31);
+        row("017", 0, true, 15);
+        row("-Zz", 36, true, -1295);
+        row("2147483648", 10, false, 0);
+        row("-2147483648", 10, true, (std::numeric_limits<int>::min)());
+        row("1,234", 10, true, 1234);
+        row("1,234", 16, false, 0);
+        row("", 10, false, 0);
+        row("3.5", 10, false, 0);
+        row("1", 1, false, 0);
+        row("1", 37, false, 0);
+        row("1", -10, false, 0);
+    }
+    void parsesIntegers()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, base);
+        QFETCH(bool, fits);
+        QFETCH(int, expected);
+        const QLocale english(QLocale::English);
+        QLocale::setDefault(english);
+        bool ok = !fits;
+        QCOMPARE(SConvert::toInt32(text, &ok, base), expected);
+        QCOMPARE(ok, fits);
+        QCOMPARE(SConvert::toInt32(text, nullptr, base), expected);
+        QCOMPARE(SConvert::toInt32(text, base), expected);
+        QCOMPARE(SConvert::toInt32(text, english, base), expected);
+        if (base == 10) {
+            QCOMPARE(SConvert::toInt32(text), expected);
+            QCOMPARE(SConvert::toInt32(text, QLocale::English), expected);
+            QCOMPARE(SConvert::toInt32(text, &ok, QLocale::English), expected);
+        }
+    }
+
+    void narrowsAndFails()
+    {
+        bool ok = false;
+        QCOMPARE(SConvert::toInt8(string("300"), &ok), qint8(44));
+        QVERIFY(ok);
+        QCOMPARE(SConvert::toUInt8(string("300"), &ok), quint8(44));
+        QVERIFY(ok);
+        QCOMPARE(SConvert::toUInt8(string("12c"), &ok, 16), quint8(44));
+        QVERIFY(ok);
+        QCOMPARE(SConvert::toInt16(string("40000"), &ok), qint16(0));
+        QVERIFY(!ok);
+        QCOMPARE(SConvert::toDouble(string("1,5"), &ok, QLocale(QLocale::German)), 1.5);
+        QVERIFY(ok);
+        QCOMPARE(SConvert::toSingle(string("1e60"), &ok), std::numeric_limits<float>::infinity());
+        QVERIFY(!ok);
+        QCOMPARE(SConvert::toDouble(QString(), nullptr), 0.0);
+    }
+
+    void readsVariants()
+    {
+        QCOMPARE(SConvert::toInt32(QVariant(3.9)), 4); // As QMetaType does it.
+        QCOMPARE(SConvert::toInt32(QVariant(2147483647.7)), (std::numeric_limits<int>::max)());
+        QCOMPARE(SConvert::toUInt64(QVariant(1e19)), quint64(1e19));
+        QCOMPARE(SConvert::toUInt8(QVariant(-1e30F)), quint8(0));
+        QCOMPARE(SConvert::toInt64(QVariant(qQNaN())), qint64(0));
+        QCOMPARE(SConvert::toDouble(QVariant()), 0.0);
+        QCOMPARE(SConvert::toInt16(QVariant(QUrl())), qint16(0));
+        QCOMPARE(SConvert::toSingle(QVariant(2.5F)), 2.5F);
+        QCOMPARE(SConvert::toUInt8(QVariant(string("300"))), quint8(44));
+        QCOMPARE(SConvert::toInt32(QVariant(string("1.000")), QLocale(QLocale::German)), 1000);
+        QVERIFY(SConvert::toBool(QVariant(2)) && SConvert::toBool(QVariant(string("true"))));
+        QVERIFY(!SConvert::toBool(QVariant(string("1"))) && !SConvert::toBool(QVariant()));
+    }
+
+    void wordsOfBool()
+    {
+        const QLocale german(QLocale::German);
+        TavexApplication::init(german);
+        const QString word = SConvert::toString(true);
+        QVERIFY(word != string("True") && !word.isEmpty());
+        QVERIFY(SConvert::toBool(u' ' + word.toUpper() + u'\t'));
+        QVERIFY(SConvert::toBool(word, QLocale(QLocale::German, QLocale::Austria)));
+        QVERIFY(SConvert::toBool(string("Yes")) || SConvert::toBool(string("true")));
+        for (const char *text : {"", " ", "1", "on", "False"})
+            QVERIFY2(!SConvert::toBool(string(text)), text);
+        QVERIFY(!SConvert::toBool(SConvert::toString(false)));
+        // In another language only the keys count.
+        QVERIFY(SConvert::toBool(string(" TRUE "), QLocale::c()));
+        QVERIFY(!SConvert::toBool(word, QLocale::c()));
+        QCOMPARE(SConvert::toString(true, QLocale::c()), string("True"));
+
+        // A change of the language is seen, in every language that there is.
+        QSet<QString> words;
+        for (const char *name : {"bg", "cs", "de", "en", "es", "fr", "it", "nl", "pl", "pt", "ru",
+                 "sv", "tlh", "tr", "zh"}) {
+            TavexApplication::init(SLocale(string(name)));
+            const QString other = SConvert::toString(true);
+            words.insert(other);
+            QVERIFY2(SConvert::toBool(other) && SConvert::toBool(string("true")), name);
+            QVERIFY2(!SConvert::toBool(SConvert::toString(false)), name);
+        }
+        QVERIFY(words.size() > 8);
+        TavexApplication::init(QLocale::c());
+    }
+
+    void writes_data()
+    {
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QString>("format");
+        QTest::addColumn<QString>("expected");
+        QTest::addColumn<QLocale>("locale");
+        const auto row = [](const QVariant &value, const char *format, const char *expected,
+                             const QLocale &locale = QLocale(QLocale::English)) {
+            QTest::addRow("%s %s %s", value.typeName(), format, expected)
+                << value << string(format) << string(expected) << locale;
+        };
+        const QLocale german(QLocale::German);
+        row(-1234567, "", "-1,234,567");
+        row(-255, "{base:16}", "-ff");
+        row(255, " {width:8} {base:2} ", "11111111");
+        row(QVariant::fromValue<signed char>(-5), "{width:3}", "-005");
+        row(1234, "{width:2}", "1234");
+        row(7, "{width:3}", "\u0660\u0660\u0667", QLocale(QLocale::Arabic, QLocale::Egypt));
+        for (const char *unknown : {"{base:1}", "{base:16", "%d", "{width:65}", "{base:16}x",
+                 "{width:-1}", "%s%n", "{:}", "}:{", "{base:99999999999}", "{x}"}) {
+            row(1234, unknown, "1,234");
+            row(1234.5, unknown, "1,234.5");
+        }
+        row(qulonglong(-1), "{base:36}", "3w5e11264sgsf");
+        row((std::numeric_limits<qlonglong>::min)(), "{base:16}", "-8000000000000000");
+        row(1234.5678, "{f:2}", "1.234,57", german);
+        row(1234.5678, "{e:3}", "1.235e+03", QLocale::c());
+        row(1234.5678, "{g:3}", "1.23e+03", QLocale::c());
+        row(1.5, "{f:100}", "1.5");
+        row(1.5, "{%:1}", "1.5");
+        row(0.1F, "", "0.1");
+        row(16777216.0F, "", "16,777,216");
+        row(QDate(2024, 2, 29), "", "Thursday, February 29, 2024");
+        row(QDate(2024, 2, 29), "{short}", "29.02.24", german);
+        row(QDate(2024, 2, 29), "{iso}", "2024-02-29", german);
+        row(QDate(2024, 2, 29), "yyyy/M", "2024/2");
+        row(QDate(2024, 2, 29), "{odd}", "Thursday, February 29, 2024");
+        row(QDate(), "yyyy", "");
+        row(QTime(1, 2, 3, 4), "{iso}", "01:02:03.004");
+        row(QDateTime(QDate(2024, 2, 29), QTime(1, 2, 3, 4), Qt::UTC), "{iso}",
+            "2024-02-29T01:02:03.004Z");
+        row(QByteArray("\xC3\xA4"), "", "\u00E4");
+        row(QUrl(string("http://a/b?c=d")), "", "http://a/b?c=d");
+        row(QUuid(), "", "{00000000-0000-0000-0000-000000000000}");
+        row(QVariant::fromValue(SVersion(1, 2, 3)), "{mm}", "2");
+        row(QVariant::fromValue(SIPrefix::Kilo), "", "Kilo");
+        row(QVariant::fromValue(OperatingSystem::Linux), "", "Linux");
+        row(QVariant::fromValue(EnumTranslationOptions::NoKeyFallback), "", "4");
+        row(QVariant(), "{f:2}", "");
+        const QJsonObject object{{string("a"), QJsonArray{1, QJsonValue()}}};
+        row(object, "", "{\"a\":[1,null]}");
+        row(object, "{indent}", "{\n    \"a\": [\n        1,\n        null\n    ]\n}");
+        row(QJsonDocument(object), "{json:indent}",
+            "{\n    \"a\": [\n        1,\n        null\n    ]\n}");
+        row(QJsonValue(string("\"x")), "", "\"\\\"x\"");
+        row(QJsonValue(QJsonValue::Undefined), "", "");
+        row(QStringList{string("a"), string("b")}, "", "a, b");
+        row(QVariant::fromValue(QList<double>{1.5, 2}), "{f:1}", "1,5; 2,0", german);
+        row(QVariant::fromValue(QList<signed char>{-1, 2}), "", "-1, 2");
+        row(QVariant::fromValue(QList<quint64>{15}), "{base:16}", "f");
+        const QVariantMap map{
+            {string("k"), QVariantList{1, QVariantList{QVariantMap{{string("x"), 2.5}}}}},
+            {string("l"), QVariantList()}};
+        row(map, "", "k: [1, [{x: 2.5}]], l: []");
+        row(map, "{json}", "{\"k\":[1,[{\"x\":2.5}]],\"l\":[]}");
+    }
+    void writes()
+    {
+        QFETCH(QVariant, value);
+        QFETCH(QString, format);
+        QFETCH(QLocale, locale);
+        QTEST(SConvert::toString(value, format, locale), "expected");
+    }
+
+    // A format is an expression, and may name the groups itself.
+    void readsAnyGroupOfAVersion()
+    {
+        const QString format = string("(?<major>.+)");
+        QCOMPARE(SConvert::toVersion(string("7,000"), format, QLocale::c()), SVersion(7000, 0, 0));
+        QCOMPARE(SConvert::toVersion(QString(99, u'9'), format, QLocale::c()), SVersion());
+        QCOMPARE(SConvert::toVersion(string("x"), format, QLocale::c()), SVersion());
+        QCOMPARE(SConvert::toVersion(string("1.2.3"), QLocale(QLocale::German)), SVersion(1, 2, 3));
+    }
+
+    // The overloads for values give what a variant of the value gives.
+    void writesValues()
+    {
+        const QLocale german(QLocale::German);
+        QCOMPARE(SConvert::toString(1234L, german), string("1.234"));
+        QCOMPARE(SConvert::toString(std::size_t(255), string("{base:16}")), string("ff"));
+        QCOMPARE(SConvert::toString(0.5, string("{f:2}"), german), string("0,50"));
+        QCOMPARE(SConvert::toString(1, QLocale::German), string("1"));
+        QCOMPARE(SConvert::toString(QLatin1String("text")), string("text"));
+        QCOMPARE(SConvert::toString(OperatingSystem::Linux), string("Linux"));
+        QCOMPARE(SConvert::toString(SIPrefix::Mega, german), string("Mega"));
+        QCOMPARE(SConvert::toString(QDate(2024, 2, 29), string("{iso}")), string("2024-02-29"));
+        QCOMPARE(SConvert::toString(QList<SVersion>{{1, 2, 3}, {4, 5, 6}}), string("1.2.3, 4.5.6"));
+        QCOMPARE(SConvert::toString(QList<long>{1, -2}), string("1, -2"));
+        QCOMPARE(SConvert::toString(QList<bool>{true, false}), string("True, False"));
+        QCOMPARE(SConvert::toString(QVariantList{1, string("a")}, german), string("1; a"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSConvert)
+#include "tst_sconvert.moc"
