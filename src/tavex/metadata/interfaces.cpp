@@ -39,7 +39,11 @@ QString IFormattable::toString()
 
 bool IEquatable::isSameTypeAs(const IEquatable *other) const
 {
-    return other && std::strcmp(typeid(*this).name(), typeid(*other).name()) == 0;
+    if (!other)
+        return false;
+    const char *const name = typeid(*this).name();
+    const char *const otherName = typeid(*other).name();
+    return name == otherName || std::strcmp(name, otherName) == 0;
 }
 
 QString IMetadata::name()

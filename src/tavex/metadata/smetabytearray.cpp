@@ -1,5 +1,7 @@
 #include <tavex/metadata/smetabytearray.h>
 
+#include <tavex/metadata/metaclass_p.h>
+
 #include <QStringConverter>
 
 namespace Quorvex {
@@ -46,10 +48,7 @@ QString SMetaByteArray::toString(const QString &format, const QLocale &)
 
 bool SMetaByteArray::equalsTo(const IEquatable *other) const
 {
-    if (!isSameTypeAs(other))
-        return false;
-    const auto *const same = dynamic_cast<const SMetaByteArray *>(other);
-    return same && *this == *same;
+    return equalValues(this, other);
 }
 
 } // namespace Quorvex

@@ -1,5 +1,7 @@
 #include <tavex/metadata/smetadatable.h>
 
+#include <tavex/metadata/metaclass_p.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -13,10 +15,10 @@ namespace {
 std::unique_ptr<Interfaces::IMetadata> cloneOf(const Interfaces::IMetadata &value)
 {
     std::unique_ptr<ICloneable> copy(value.clone());
-    auto *const metadata = dynamic_cast<Interfaces::IMetadata *>(copy.get());
+    const auto *const metadata = copy ? castLike(&value, copy.get()) : nullptr;
     if (metadata)
         static_cast<void>(copy.release());
-    return std::unique_ptr<Interfaces::IMetadata>(metadata);
+    return std::unique_ptr<Interfaces::IMetadata>(const_cast<Interfaces::IMetadata *>(metadata));
 }
 
 } // namespace
@@ -167,6 +169,8 @@ std::vector<SMetadatable::Entry>::iterator SMetadatable::place(quint64 id)
 /// Puts \a value, which is not the stored one, under \a id and deletes what was there.
 void SMetadatable::store(quint64 id, IMetadata *value)
 {
+    if (m_entries.capacity() == 0)
+        m_entries.reserve(8);
     auto entry = place(id);
     if (entry == m_entries.end() || entry->id != id)
         entry = m_entries.insert(entry, Entry{id, nullptr, nullptr});

@@ -1,6 +1,7 @@
 #include <tavex/metadata/smetadatetime.h>
 
 #include <tavex/convert/sconvert.h>
+#include <tavex/metadata/metaclass_p.h>
 
 namespace Quorvex {
 
@@ -33,10 +34,7 @@ QString SMetaDateTime::toString(const QString &format, const QLocale &locale)
 
 bool SMetaDateTime::equalsTo(const IEquatable *other) const
 {
-    if (!isSameTypeAs(other))
-        return false;
-    const auto *const same = dynamic_cast<const SMetaDateTime *>(other);
-    return same && *this == *same;
+    return equalValues(this, other);
 }
 
 } // namespace Quorvex

@@ -1,5 +1,7 @@
 #include <tavex/metadata/smetajsondocument.h>
 
+#include <tavex/metadata/metaclass_p.h>
+
 namespace Quorvex {
 
 SMetaJsonDocument::SMetaJsonDocument(const QJsonDocument &value)
@@ -39,10 +41,7 @@ QString SMetaJsonDocument::toString(const QString &format, const QLocale &)
 
 bool SMetaJsonDocument::equalsTo(const IEquatable *other) const
 {
-    if (!isSameTypeAs(other))
-        return false;
-    const auto *const same = dynamic_cast<const SMetaJsonDocument *>(other);
-    return same && *this == *same;
+    return equalValues(this, other);
 }
 
 } // namespace Quorvex

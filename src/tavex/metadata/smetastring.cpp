@@ -1,5 +1,7 @@
 #include <tavex/metadata/smetastring.h>
 
+#include <tavex/metadata/metaclass_p.h>
+
 namespace Quorvex {
 
 SMetaString::SMetaString(const QString &value)
@@ -31,10 +33,7 @@ QString SMetaString::toString(const QString &, const QLocale &)
 
 bool SMetaString::equalsTo(const IEquatable *other) const
 {
-    if (!isSameTypeAs(other))
-        return false;
-    const auto *const same = dynamic_cast<const SMetaString *>(other);
-    return same && *this == *same;
+    return equalValues(this, other);
 }
 
 } // namespace Quorvex

@@ -1,6 +1,7 @@
 #include <tavex/metadata/smetavariant.h>
 
 #include <tavex/convert/sconvert.h>
+#include <tavex/metadata/metaclass_p.h>
 
 namespace Quorvex {
 
@@ -33,11 +34,7 @@ QString SMetaVariant::toString(const QString &format, const QLocale &locale)
 
 bool SMetaVariant::equalsTo(const IEquatable *other) const
 {
-    if (!isSameTypeAs(other))
-        return false;
-    // The name alone does not prove it: two modules may each have a class of one name.
-    const auto *const same = dynamic_cast<const SMetaVariant *>(other);
-    return same && *this == *same;
+    return equalValues(this, other);
 }
 
 } // namespace Quorvex
