@@ -40,5 +40,9 @@ extern "C" Q_DECL_EXPORT int useLibrary()
         return 6;
     if (SCrc32::hash(QByteArray("123456789")) != 0x0376E6E7)
         return 7;
+    // Asking for the number registers the type.
+    const SMetaListInt16 list(QList<qint16>{1, 2});
+    if (static_cast<const SMetaVariant &>(list).value().userType() < QMetaType::User)
+        return 8;
     return 0;
 }

@@ -67,6 +67,7 @@ private Q_SLOTS:
 
             QVERIFY(!isMapped("libtavex"));
             QVERIFY(!isKnown("Quorvex::Bool") && !isKnown("Quorvex::SVersion"));
+            QVERIFY(!isKnown("QList<short>"));
             QVERIFY(!QFile::exists(QStringLiteral(":/flags/svg/de.svg")));
             QVERIFY(!QFile::exists(QStringLiteral(":/HALF_LICENSE")));
             if (round == 30)

@@ -19,6 +19,8 @@
 #include <tavex/enums/specialfolder.h>
 #include <tavex/system/cpu_p.h>
 
+#include <QList>
+#include <QMetaSequence>
 #include <QVariant>
 
 #include <array>
@@ -149,16 +151,32 @@ public:
     ~Startup()
     {
         unregisterResources();
-        // Qt would go on pointing to descriptions of types that leave memory with the library. A
-        // type that another module registered first under the same name stays: the description is
-        // its own.
-        for (const QMetaType &type : m_types) {
-            if (QMetaType(type.id()).iface() == type.iface())
-                QMetaType::unregisterMetaType(type);
-        }
+        // Qt would go on pointing to descriptions of types that leave memory with the library.
+        for (const QMetaType &type : m_types)
+            unregister(type);
+        // Those that metadata lists hold, Qt may have registered when a variant was asked for its
+        // type's number.
+        unregisterLists<qint8, quint8, qint16, quint16, qint32, quint32, qint64, quint64, float,
+            double, bool>();
+        // With a list goes its view.
+        unregister(QMetaType::fromType<QIterable<QMetaSequence>>());
     }
 
 private:
+    /// A type that another module registered first under the same name stays: the description is
+    /// its own.
+    static void unregister(const QMetaType &type)
+    {
+        if (type.isRegistered() && QMetaType(type.id()).iface() == type.iface())
+            QMetaType::unregisterMetaType(type);
+    }
+
+    template <typename... T>
+    static void unregisterLists()
+    {
+        (unregister(QMetaType::fromType<QList<T>>()), ...);
+    }
+
 #define REGISTER_ENUM(Name) registerEnum<Name##_T>(),
     std::array<QMetaType, 13> m_types{
         TAVEX_META_ENUMS(REGISTER_ENUM, REGISTER_ENUM) registerType<SVersion>()};

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <tavex/metadata/iequatable.h>
+
+#include <typeinfo>
+
+/// \file
+/// What the metadata classes of the library do in the same way.
+
+namespace Quorvex {
+
+/// dynamic_cast to the class of \a like, quick where \a part is the same part of an object of the
+/// same run-time class as \a like.
+template <typename Target, typename Part>
+const Target *castLike(const Target *like, const Part *part)
+{
+    const auto offset = [](const Part *p) {
+        return reinterpret_cast<const char *>(p)
+            - static_cast<const char *>(dynamic_cast<const void *>(p));
+    };
+    const Part *const own = like;
+    if (typeid(*own) == typeid(*part) && offset(own) == offset(part))
+        return static_cast<const Target *>(part);
+    return dynamic_cast<const Target *>(part);
+}
+
+/// equalsTo() of every class that compares with `==` what it holds.
+template <typename Value>
+bool equalValues(const Value *value, const Interfaces::IEquatable *other)
+{
+    if (!value->isSameTypeAs(other))
+        return false;
+    // The name alone does not prove it: two modules may each have a class of one name.
+    const Value *const same = castLike(value, other);
+    return same && *value == *same;
+}
+
+} // namespace Quorvex
+
+#define DEFINE_META_CLASS(Name)                                                                    \
+    Name::~Name() = default;                                                                       \
+    Name *Name::clone() const                                                                      \
+    {                                                                                              \
+        return new Name(*this);                                                                    \
+    }                                                                                              \
+    QString Name::name()                                                                           \
+    {                                                                                              \
+        return QStringLiteral(#Name);                                                              \
+    }                                                                                              \
+    quint64 Name::id() const                                                                       \
+    {                                                                                              \
+        return uniqueId();                                                                         \
+    }                                                                                              \
+    quint64 Name::uniqueId()                                                                       \
+    {                                                                                              \
+        static const quint64 id = typeid(Name).hash_code();                                        \
+        return id;                                                                                 \
+    }

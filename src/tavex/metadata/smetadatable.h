@@ -1,0 +1,65 @@
+#pragma once
+
+#include <tavex/metadata/imetadatable.h>
+
+#include <memory>
+#include <vector>
+
+namespace Quorvex {
+
+/// Carries metadata. Derive from it what shall be able to.
+///
+/// Each value that is stored or handed over belongs to the container, which deletes it exactly
+/// once. A value handed over while an equal one is stored is not stored; yet the pointer stays good
+/// until the next value with its id is handed over or stored, or that id is removed. A container is
+/// used from one thread at a time.
+class TAVEX_EXPORT SMetadatable : public Interfaces::IMetadatable
+{
+public:
+    using IMetadata = Interfaces::IMetadata;
+    using IMetadatable = Interfaces::IMetadatable;
+
+    SMetadatable();
+    /// Clones all values of \a other, whatever their flags. Null has none.
+    SMetadatable(const SMetadatable &other);
+    explicit SMetadatable(IMetadatable *other);
+    /// Replaces all values by clones of those of \a other, whatever their flags. Null has none.
+    SMetadatable &operator=(const SMetadatable &other);
+    SMetadatable &operator=(IMetadatable *other);
+    ~SMetadatable() override;
+
+    /// Whether both hold the same number of values and each value here equals its counterpart.
+    [[nodiscard]] bool operator==(const SMetadatable &other) const;
+
+    void clearMetadata() override;
+    [[nodiscard]] qsizetype metadataCount() const override;
+    [[nodiscard]] QList<IMetadata *> metadataList() const override;
+    [[nodiscard]] IMetadata *metadata(const quint64 &id) const override;
+    void copyMetadata(const QList<IMetadata *> &list, MetadataFlags mask) override;
+    /// As IMetadatable says. If the value that is stored equals \a value, it stays, and the result
+    /// is true without a call of onMetadataChanged(). The stored value may be set again.
+    bool setMetadata(IMetadata *value, bool takeOwnership) override;
+    void removeMetadata(const quint64 &id) override;
+    [[nodiscard]] bool hasMetadata(const quint64 &id) const override;
+
+protected:
+    void onMetadataChanged(const quint64 &id) override;
+    [[nodiscard]] bool isMetadataValid(const IMetadata *value) const override;
+
+private:
+    struct Entry
+    {
+        quint64 id;
+        std::unique_ptr<IMetadata> value;
+        std::unique_ptr<IMetadata> spare; ///< Handed over while it equalled the value.
+    };
+
+    [[nodiscard]] std::vector<Entry>::const_iterator find(quint64 id) const;
+    [[nodiscard]] std::vector<Entry>::iterator place(quint64 id);
+    void store(quint64 id, IMetadata *value);
+
+    /// Sorted by id. There are few classes, and of this few bytes.
+    std::vector<Entry> m_entries;
+};
+
+} // namespace Quorvex

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <tavex/metadata/imetadata.h>
+
+#include <QVariant>
+
+namespace Quorvex {
+
+/// A metadata value that lives in a QVariant: the base of the library's scalar and list values and
+/// of such classes of an application, each of which supplies clone() and id().
+class TAVEX_EXPORT SMetaVariant : public Interfaces::IMetadata
+{
+public:
+    SMetaVariant(const QVariant &value);
+    SMetaVariant(const SMetaVariant &) = default;
+    SMetaVariant &operator=(const SMetaVariant &) = default;
+    ~SMetaVariant() override;
+
+    [[nodiscard]] const QVariant &value() const noexcept { return m_value; }
+    operator QVariant() const { return m_value; }
+
+    /// Compares the variants, not the classes.
+    [[nodiscard]] bool operator==(const SMetaVariant &other) const
+    {
+        return m_value == other.m_value;
+    }
+
+    [[nodiscard]] bool isNull() const override;
+    /// Whether the value is null or the variant is invalid.
+    [[nodiscard]] bool isEmpty() const override;
+    [[nodiscard]] MetadataFlags flags() override;
+    /// The variant as SConvert::toString() writes it.
+    [[nodiscard]] QString toString(const QString &format, const QLocale &locale) override;
+    using IFormattable::toString;
+    /// Whether \a other is of the same class and holds an equal variant.
+    [[nodiscard]] bool equalsTo(const IEquatable *other) const override;
+
+private:
+    QVariant m_value;
+};
+
+} // namespace Quorvex

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <algorithm>
+#include <concepts>
+#include <memory>
+#include <new>
+#include <utility>
+
+namespace Quorvex {
+
+/// An array on the heap whose size is fixed when it is made. It owns its elements: a copy has its
+/// own, and assignment takes over elements and size. An array that was moved from is empty.
+template <std::semiregular T>
+class SArray
+{
+public:
+    using value_type = T;
+
+    SArray() noexcept = default;
+    /// \a size elements, all zero (`T()`). A negative size counts as 0; where there is not enough
+    /// memory, the array is empty.
+    explicit SArray(qsizetype size)
+        : m_data(size > 0 ? new (std::nothrow) T[static_cast<std::size_t>(size)]() : nullptr)
+        , m_size(m_data ? size : 0)
+    {
+    }
+    SArray(const SArray &other)
+        : SArray(other.m_size)
+    {
+        std::copy_n(other.begin(), m_size, begin());
+    }
+    SArray(SArray &&other) noexcept
+        : m_data(std::move(other.m_data))
+        , m_size(std::exchange(other.m_size, 0))
+    {
+    }
+    SArray &operator=(SArray other) noexcept
+    {
+        std::swap(m_data, other.m_data);
+        std::swap(m_size, other.m_size);
+        return *this;
+    }
+    ~SArray() = default;
+
+    [[nodiscard]] qsizetype size() const noexcept { return m_size; }
+    [[nodiscard]] bool isEmpty() const noexcept { return m_size == 0; }
+
+    /// The element at \a index, or zero (`T()`) if there is none.
+    [[nodiscard]] T at(qsizetype index) const
+    {
+        return index >= 0 && index < m_size ? (*this)[index] : T();
+    }
+    /// The element at \a index, which has to be one of the array: nothing checks it.
+    [[nodiscard]] T &operator[](qsizetype index) noexcept
+    {
+        return m_data[static_cast<std::size_t>(index)];
+    }
+    [[nodiscard]] const T &operator[](qsizetype index) const noexcept
+    {
+        return m_data[static_cast<std::size_t>(index)];
+    }
+
+    /// The elements, which lie one behind the other; null if the array is empty.
+    [[nodiscard]] T *data() noexcept { return m_data.get(); }
+    [[nodiscard]] const T *data() const noexcept { return m_data.get(); }
+
+    [[nodiscard]] T *begin() noexcept { return data(); }
+    [[nodiscard]] T *end() noexcept { return data() + m_size; }
+    [[nodiscard]] const T *begin() const noexcept { return data(); }
+    [[nodiscard]] const T *end() const noexcept { return data() + m_size; }
+
+    /// Makes every element \a value.
+    void fill(const T &value) { std::fill(begin(), end(), T(value)); }
+
+    [[nodiscard]] friend bool operator==(
+        const SArray &a, const SArray &b) requires std::equality_comparable<T>
+    {
+        return std::equal(a.begin(), a.end(), b.begin(), b.end());
+    }
+
+private:
+    std::unique_ptr<T[]> m_data;
+    qsizetype m_size = 0;
+};
+
+} // namespace Quorvex

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <tavex/core/export.h>
+
+#include <QLocale>
+#include <QMarginsF>
+#include <QString>
+
+#include <optional>
+
+namespace Quorvex {
+
+/// The space around something: a QMarginsF that can be written as text and read.
+///
+/// Unlike QMarginsF it compares its numbers exactly. The text is "left; top; right; bottom":
+/// numbers as the locale writes them, in the shortest form that reads back. Where Qt cannot read
+/// what the locale writes, it is the C locale's form instead. Reading takes both, with any space
+/// around a number.
+class SPadding
+{
+public:
+    constexpr SPadding() noexcept = default;
+    constexpr SPadding(qreal left, qreal top, qreal right, qreal bottom) noexcept
+        : m_value(left, top, right, bottom)
+    {
+    }
+    constexpr SPadding(const QMarginsF &value) noexcept
+        : m_value(value)
+    {
+    }
+    constexpr operator QMarginsF() const noexcept { return m_value; }
+    [[nodiscard]] constexpr const QMarginsF &value() const noexcept { return m_value; }
+
+    [[nodiscard]] constexpr qreal left() const noexcept { return m_value.left(); }
+    [[nodiscard]] constexpr qreal top() const noexcept { return m_value.top(); }
+    [[nodiscard]] constexpr qreal right() const noexcept { return m_value.right(); }
+    [[nodiscard]] constexpr qreal bottom() const noexcept { return m_value.bottom(); }
+
+    friend constexpr bool operator==(const SPadding &a, const SPadding &b) noexcept
+    {
+        return a.left() == b.left() && a.top() == b.top() && a.right() == b.right()
+            && a.bottom() == b.bottom();
+    }
+    friend constexpr bool operator==(const SPadding &a, const QMarginsF &b) noexcept
+    {
+        return a == SPadding(b);
+    }
+
+    [[nodiscard]] TAVEX_EXPORT QString toString(const QLocale &locale = QLocale()) const;
+    /// Nothing if \a text is no such text.
+    [[nodiscard]] TAVEX_EXPORT static std::optional<SPadding> fromString(
+        const QString &text, const QLocale &locale = QLocale());
+
+private:
+    QMarginsF m_value;
+};
+
+} // namespace Quorvex

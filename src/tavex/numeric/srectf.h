@@ -1,0 +1,57 @@
+#pragma once
+
+#include <tavex/core/export.h>
+
+#include <QLocale>
+#include <QRectF>
+#include <QString>
+
+#include <optional>
+
+namespace Quorvex {
+
+/// A rectangle: a QRectF that can be written as text and read.
+///
+/// Unlike QRectF it compares its numbers exactly. The text is "x; y; width; height": numbers as the
+/// locale writes them, in the shortest form that reads back. Where Qt cannot read what the locale
+/// writes, it is the C locale's form instead. Reading takes both, with any space around a number.
+class SRectF
+{
+public:
+    constexpr SRectF() noexcept = default;
+    constexpr SRectF(qreal x, qreal y, qreal width, qreal height) noexcept
+        : m_value(x, y, width, height)
+    {
+    }
+    constexpr SRectF(const QRectF &value) noexcept
+        : m_value(value)
+    {
+    }
+    constexpr operator QRectF() const noexcept { return m_value; }
+    [[nodiscard]] constexpr const QRectF &value() const noexcept { return m_value; }
+
+    [[nodiscard]] constexpr qreal x() const noexcept { return m_value.x(); }
+    [[nodiscard]] constexpr qreal y() const noexcept { return m_value.y(); }
+    [[nodiscard]] constexpr qreal width() const noexcept { return m_value.width(); }
+    [[nodiscard]] constexpr qreal height() const noexcept { return m_value.height(); }
+
+    friend constexpr bool operator==(const SRectF &a, const SRectF &b) noexcept
+    {
+        return a.x() == b.x() && a.y() == b.y() && a.width() == b.width()
+            && a.height() == b.height();
+    }
+    friend constexpr bool operator==(const SRectF &a, const QRectF &b) noexcept
+    {
+        return a == SRectF(b);
+    }
+
+    [[nodiscard]] TAVEX_EXPORT QString toString(const QLocale &locale = QLocale()) const;
+    /// Nothing if \a text is no such text.
+    [[nodiscard]] TAVEX_EXPORT static std::optional<SRectF> fromString(
+        const QString &text, const QLocale &locale = QLocale());
+
+private:
+    QRectF m_value;
+};
+
+} // namespace Quorvex
