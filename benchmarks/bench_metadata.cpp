@@ -187,7 +187,7 @@ void measure(const Bench::Topic &topic, std::size_t count)
 
 void metadata(const Bench::Topic &topic)
 {
-    for (const std::size_t count : {1, 8, 32})
+    for (const std::size_t count : {1U, 8U, 32U})
         measure(topic, count);
 
     SMetadatable container;
