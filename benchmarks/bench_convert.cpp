@@ -15,6 +15,7 @@ std::vector<int> numbers()
     constexpr int Count = 64;
     QRandomGenerator random(1);
     std::vector<int> result;
+    result.reserve(Count);
     for (int i = 0; i < Count; ++i)
         result.push_back(static_cast<int>(random.generate()) >> random.bounded(31));
     return result;

@@ -75,7 +75,7 @@ bool qtReads(T value, const QLocale &locale)
 {
     bool ok = false;
     if constexpr (std::is_floating_point_v<T>) {
-        const double number = double(value);
+        const auto number = double(value);
         return locale.toDouble(locale.toString(number, 'g', QLocale::FloatingPointShortest), &ok)
             == number
             && ok;

@@ -39,7 +39,7 @@ QString SMetaByteArray::toString(const QString &format, const QLocale &)
     QStringDecoder decoder(
         format.isEmpty() ? "UTF-8" : format.toUtf8().constData(), QStringDecoder::Flag::Stateless);
     if (decoder.isValid()) {
-        const QString text = decoder.decode(m_value);
+        QString text = decoder.decode(m_value);
         if (!decoder.hasError())
             return text;
     }

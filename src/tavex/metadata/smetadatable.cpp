@@ -38,7 +38,12 @@ SMetadatable::SMetadatable(const SMetadatable &other)
 
 SMetadatable::SMetadatable(IMetadatable *other)
 {
-    *this = other;
+    for (const IMetadata *const value : other ? other->metadataList() : QList<IMetadata *>()) {
+        if (auto copy = value ? cloneOf(*value) : nullptr) {
+            const quint64 id = copy->id();
+            store(id, copy.release());
+        }
+    }
 }
 
 SMetadatable &SMetadatable::operator=(const SMetadatable &other)

@@ -27,7 +27,7 @@ bool read(const QString &text, double &number, const QLocale &locale)
 QString write(double number, QLocale locale)
 {
     locale.setNumberOptions(QLocale::OmitGroupSeparator);
-    const QString text = locale.toString(number, 'g', QLocale::FloatingPointShortest);
+    QString text = locale.toString(number, 'g', QLocale::FloatingPointShortest);
     double again = 0;
     if (read(text, again, locale) && (again == number || std::isnan(number)))
         return text;
