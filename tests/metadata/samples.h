@@ -8,8 +8,6 @@
 #include <tavex/SMetaString>
 #include <tavex/SMetaVersion>
 
-#include <QDateTime>
-#include <QJsonDocument>
 #include <QJsonObject>
 
 #include <memory>
@@ -18,6 +16,13 @@
 
 /// \file
 /// One value of every class, made alike in the test and in the plug-in.
+
+/// Each type of number and what the names of its classes end in.
+#define FOR_EACH_NUMBER(DO)                                                                        \
+    DO(qint8, Int8)                                                                                \
+    DO(quint8, UInt8)                                                                              \
+    DO(qint16, Int16) DO(quint16, UInt16) DO(qint32, Int32) DO(quint32, UInt32) DO(qint64, Int64)  \
+        DO(quint64, UInt64) DO(float, Single) DO(double, Double) DO(bool, Bool)
 
 namespace Sample {
 
@@ -28,16 +33,7 @@ class Own : public Base
 public:
     using Base::Base;
     [[nodiscard]] Own *clone() const override { return new Own(*this); }
-    [[nodiscard]] quint64 id() const override { return uniqueId(); }
-    [[nodiscard]] static quint64 uniqueId() { return typeid(Own).hash_code(); }
-};
-
-class Remark : public Quorvex::SMetaString
-{
-public:
-    using SMetaString::SMetaString;
-    [[nodiscard]] Remark *clone() const override { return new Remark(*this); }
-    [[nodiscard]] quint64 id() const override { return typeid(Remark).hash_code(); }
+    [[nodiscard]] quint64 id() const override { return typeid(Own).hash_code(); }
 };
 
 using Values = std::vector<std::unique_ptr<Quorvex::Interfaces::IMetadata>>;
@@ -46,30 +42,12 @@ inline Values values()
 {
     using namespace Quorvex;
     Values all;
-    all.emplace_back(new SMetaInt8(-8));
-    all.emplace_back(new SMetaUInt8(8));
-    all.emplace_back(new SMetaInt16(-16));
-    all.emplace_back(new SMetaUInt16(16));
-    all.emplace_back(new SMetaInt32(-32));
-    all.emplace_back(new SMetaUInt32(32));
-    all.emplace_back(new SMetaInt64(-64));
-    all.emplace_back(new SMetaUInt64(64));
-    all.emplace_back(new SMetaSingle(1.5F));
-    all.emplace_back(new SMetaDouble(2.5));
-    all.emplace_back(new SMetaBool(true));
-    all.emplace_back(new SMetaListInt8(QList<qint8>{1, 2}));
-    all.emplace_back(new SMetaListUInt8(QList<quint8>{1, 2}));
-    all.emplace_back(new SMetaListInt16(QList<qint16>{1, 2}));
-    all.emplace_back(new SMetaListUInt16(QList<quint16>{1, 2}));
-    all.emplace_back(new SMetaListInt32(QList<qint32>{1, 2}));
-    all.emplace_back(new SMetaListUInt32(QList<quint32>{1, 2}));
-    all.emplace_back(new SMetaListInt64(QList<qint64>{1, 2}));
-    all.emplace_back(new SMetaListUInt64(QList<quint64>{1, 2}));
-    all.emplace_back(new SMetaListSingle(QList<float>{1, 2}));
-    all.emplace_back(new SMetaListDouble(QList<double>{1, 2}));
-    all.emplace_back(new SMetaListBool(QList<bool>{true, false}));
+#define ADD_VALUES(T, Name)                                                                        \
+    all.emplace_back(new SMeta##Name(T(1)));                                                       \
+    all.emplace_back(new SMetaList##Name(QList<T>{T(0), T(1)}));
+    FOR_EACH_NUMBER(ADD_VALUES)
     all.emplace_back(new SMetaVersion(SVersion(1, 2, 3)));
-    all.emplace_back(new Remark(QStringLiteral("text")));
+    all.emplace_back(new Own<SMetaString>(QStringLiteral("text")));
     all.emplace_back(new Own<SMetaDateTime>(QDateTime::fromSecsSinceEpoch(0)));
     all.emplace_back(new Own<SMetaByteArray>(QByteArray("abc")));
     all.emplace_back(new Own<SMetaJsonDocument>(QJsonDocument(QJsonObject())));
