@@ -165,8 +165,10 @@ private Q_SLOTS:
                 const bool take = random.bounded(2) == 0;
                 const std::unique_ptr<Counted> own(
                     isNew && (!take || number < 0) ? value : nullptr);
+                const bool replaces =
+                    number >= 0 && (!slot.value || slot.value->number() != number);
                 QCOMPARE(owner.setMetadata(value, take), number >= 0);
-                if (number >= 0 && (!slot.value || slot.value->number() != number)) {
+                if (replaces) {
                     QCOMPARE(stored(kind) == value, take);
                     slot = {stored(kind), nullptr};
                     QCOMPARE(slot.value->number(), number);
