@@ -22,8 +22,10 @@
     DO(qint8, Int8)                                                                                \
     DO(quint8, UInt8)                                                                              \
     DO(qint16, Int16)                                                                              \
-    DO(quint16, UInt16) DO(qint32, Int32) DO(quint32, UInt32) DO(qint64, Int64)                    \
-        DO(quint64, UInt64) DO(float, Single) DO(double, Double) DO(bool, Bool)
+    DO(quint16, UInt16)                                                                            \
+    DO(qint32, Int32)                                                                              \
+    DO(quint32, UInt32)                                                                            \
+    DO(qint64, Int64) DO(quint64, UInt64) DO(float, Single) DO(double, Double) DO(bool, Bool)
 
 namespace Sample {
 
