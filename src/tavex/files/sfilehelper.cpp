@@ -76,14 +76,8 @@ public:
             deleteNow();
     }
 
-    void add(QList<QString> DeletionList::*list, const QString &path)
-    {
-        if (path.isEmpty())
-            return;
-        const std::lock_guard lock(m_mutex);
-        forgetParent();
-        (this->*list).append(QFileInfo(path).absoluteFilePath());
-    }
+    void addFile(const QString &path) { add(&m_files, path); }
+    void addFolder(const QString &path) { add(&m_folders, path); }
 
     void deleteNow()
     {
@@ -94,10 +88,16 @@ public:
             [](const QString &path) { return !QFile::exists(path) || QFile::remove(path); });
     }
 
-    QList<QString> m_files;
-    QList<QString> m_folders;
-
 private:
+    void add(QList<QString> *list, const QString &path)
+    {
+        if (path.isEmpty())
+            return;
+        const std::lock_guard lock(m_mutex);
+        forgetParent();
+        list->append(QFileInfo(path).absoluteFilePath());
+    }
+
     void forgetParent()
     {
         const qint64 process = QCoreApplication::applicationPid();
@@ -110,15 +110,18 @@ private:
     /// True if the folder is gone.
     static bool deleteFolder(const QString &path)
     {
-        const QFileInfo info(path);
-        if (!info.isDir())
+        if (!QFileInfo(path).isDir())
             return true;
-        // Behind a link there may be a folder that is to stay.
+        // What is behind a link is to stay. With a "/" at its end the path would lead there.
+        const QString name = path.endsWith(QLatin1Char('/')) ? path.chopped(1) : path;
+        const QFileInfo info(name);
         if (info.isSymLink() || info.isJunction())
-            return QFile::remove(path) || QDir().rmdir(path);
+            return QFile::remove(name) || QDir().rmdir(name);
         return QDir(path).removeRecursively();
     }
 
+    QList<QString> m_files;
+    QList<QString> m_folders;
     std::mutex m_mutex;
     std::atomic<qint64> m_process = QCoreApplication::applicationPid();
 };
@@ -222,13 +225,13 @@ QString SFileHelper::uniqueEnumeratedName(const QString &fileName)
 
 const QString &SFileHelper::deleteFileOnExit(const QString &path)
 {
-    DeletionList::instance().add(&DeletionList::m_files, path);
+    DeletionList::instance().addFile(path);
     return path;
 }
 
 const QString &SFileHelper::deleteFolderOnExit(const QString &path)
 {
-    DeletionList::instance().add(&DeletionList::m_folders, path);
+    DeletionList::instance().addFolder(path);
     return path;
 }
 
