@@ -3,7 +3,7 @@
 #include <tavex/Tavex>
 
 #include <QCoreApplication>
-#include <QFile>
+#include <QDir>
 #include <QVariant>
 
 using namespace Quorvex;
@@ -46,9 +46,10 @@ extern "C" Q_DECL_EXPORT int useLibrary()
     const SMetaListInt16 list(QList<qint16>{1, 2});
     if (static_cast<const SMetaVariant &>(list).value().userType() < QMetaType::User)
         return 8;
-    QFile file(QCoreApplication::applicationFilePath() + QStringLiteral(".unload"));
-    SFileHelper::deleteFileOnExit(file.fileName());
-    if (!file.open(QIODevice::WriteOnly))
+    // Unloading deletes it, or the next round cannot make it.
+    const QString folder =
+        QDir::temp().filePath(QStringLiteral("unload%1").arg(QCoreApplication::applicationPid()));
+    if (!QDir().mkdir(folder) || SFileHelper::deleteOnExit(folder).isEmpty())
         return 9;
     return 0;
 }
