@@ -47,9 +47,8 @@ extern "C" Q_DECL_EXPORT int useLibrary()
     if (static_cast<const SMetaVariant &>(list).value().userType() < QMetaType::User)
         return 8;
     // Unloading deletes it, or the next round cannot make it.
-    const QString folder =
-        QDir::temp().filePath(QStringLiteral("unload%1").arg(QCoreApplication::applicationPid()));
-    if (!QDir().mkdir(folder) || SFileHelper::deleteOnExit(folder).isEmpty())
+    const QString name = QStringLiteral("unload%1").arg(QCoreApplication::applicationPid());
+    if (!QDir::temp().mkdir(SFileHelper::deleteFolderOnExit(QDir::temp().filePath(name))))
         return 9;
     return 0;
 }
