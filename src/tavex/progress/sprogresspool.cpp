@@ -140,13 +140,14 @@ void SProgressPool::finishAbort()
 void SProgressPool::setProgress(int value)
 {
     const Locker locker(*this);
+    const int before = progress();
     ++m_followers;
     for (qsizetype i = 0; i < m_children.size(); ++i) {
         if (SProgress *const child = m_children.at(i))
             child->setProgress(value);
     }
     // Passing single steps back would set the children that are done to what the pool has so far.
-    if (--m_followers == 0)
+    if (--m_followers == 0 && progress() != before)
         passOn(progress());
 }
 
