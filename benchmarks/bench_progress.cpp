@@ -5,11 +5,13 @@
 
 #include <tavex/SProgressPool>
 
-#include <QElapsedTimer>
 #include <QPromise>
 
+#include <ctime>
 #include <limits>
+#include <memory>
 #include <numeric>
+#include <vector>
 
 using namespace Quorvex;
 
@@ -61,36 +63,39 @@ void steps(const Bench::Topic &topic)
     promise.finish();
 }
 
-double seconds(const QElapsedTimer &timer)
+/// The processor time of the process in seconds, which other processes do not lengthen.
+double now()
 {
-    return double(timer.nsecsElapsed()) / 1e9;
+    return double(std::clock()) / CLOCKS_PER_SEC;
 }
 
 /// The time for one step, while all children go from 0 to 100.
 double stepTime(SProgressPool &pool)
 {
     pool.setProgress(0);
-    QElapsedTimer timer;
-    timer.start();
+    const double start = now();
     for (int i = 0; i < pool.count(); ++i) {
         SProgress *const child = pool.at(i);
         for (int value = 1; value <= 100; ++value)
             child->setProgress(value);
     }
-    const double time = seconds(timer);
+    const double time = now() - start;
     if (pool.progress() != 100)
         Bench::Topic::fail(QStringLiteral("progress: the pool has not followed"));
     return time / (100.0 * pool.count());
 }
 
-double abortTime(SProgressPool &pool)
+/// The mean time to abort one of \a pools.
+double abortTime(const std::vector<std::unique_ptr<SProgressPool>> &pools)
 {
-    for (int i = 0; i < pool.count(); ++i)
-        pool.at(i)->reset();
-    QElapsedTimer timer;
-    timer.start();
-    pool.abort();
-    return seconds(timer);
+    for (const auto &pool : pools) {
+        for (int i = 0; i < pool->count(); ++i)
+            pool->at(i)->reset();
+    }
+    const double start = now();
+    for (const auto &pool : pools)
+        pool->abort();
+    return (now() - start) / double(pools.size());
 }
 
 void progress(const Bench::Topic &topic)
@@ -100,16 +105,22 @@ void progress(const Bench::Topic &topic)
     SProgressPool hundred(100);
     SProgressPool thousand(1000);
     SProgressPool tenThousand(10'000);
-    SProgressPool hundredThousand(100'000);
     const Bench::Yardstick scale{
         "a step in a pool of 100", [&hundred] { return stepTime(hundred); }};
     topic.compareTimes(
         "step in a pool of 1000", [&thousand] { return stepTime(thousand); }, scale);
     topic.compareTimes(
         "step in a pool of 10000", [&tenThousand] { return stepTime(tenThousand); }, scale);
+
+    // As many children on both sides, so that a cache holds as many of them.
+    std::vector<std::unique_ptr<SProgressPool>> wide;
+    wide.push_back(std::make_unique<SProgressPool>(100'000));
+    std::vector<std::unique_ptr<SProgressPool>> narrow;
+    for (int i = 0; i < 10; ++i)
+        narrow.push_back(std::make_unique<SProgressPool>(10'000));
     topic.compareTimes(
-        "abort 100000", [&hundredThousand] { return abortTime(hundredThousand); },
-        Bench::Yardstick{"abort 10000", [&tenThousand] { return abortTime(tenThousand); }});
+        "abort 100000", [&wide] { return abortTime(wide); },
+        Bench::Yardstick{"abort 10000", [&narrow] { return abortTime(narrow); }});
 }
 
 const Bench::Registration registration("progress", &progress);

@@ -18,9 +18,8 @@ using namespace Quorvex;
 namespace {
 
 /// The signals of several reporters in the order in which they come.
-class Log : public QByteArrayList
+struct Log : QByteArrayList
 {
-public:
     template <typename Reporter>
     void listen(Reporter *reporter, const char *name)
     {
@@ -31,36 +30,14 @@ public:
     [[nodiscard]] QByteArray take() { return std::exchange(*this, Log()).join(' '); }
 };
 
-/// Passes on what it is told, but stays at 0.
-class Stubborn : public IProgress
-{
-public:
-    void setProgress(int value) override
-    {
-        told = value;
-        passOn(value);
-    }
-    int told = 0;
-};
-
 template <typename... Functions>
 void together(Functions... functions)
 {
     std::barrier start(sizeof...(functions));
-    const auto run = [&start](auto function) {
+    const std::jthread threads[] = {std::jthread([&start, functions] {
         start.arrive_and_wait();
-        function();
-    };
-    const std::jthread threads[] = {std::jthread(run, functions)...};
-}
-
-QByteArray methods(const QObject &object)
-{
-    QByteArray names;
-    const QMetaObject &meta = *object.metaObject();
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
-        names += meta.method(i).methodSignature() + meta.method(i).parameterNames().join() + ' ';
-    return names;
+        functions();
+    })...};
 }
 
 } // namespace
@@ -72,13 +49,15 @@ class TestProgress : public QObject
 private Q_SLOTS:
     void metaObjects()
     {
-        const SProgress reporter;
         SProgressPool pool;
-        QCOMPARE(methods(reporter),
-            "reportProgress(int)value aborting() setProgress(int)value abort() ");
-        QCOMPARE(methods(pool),
-            "reportProgress(int)value aborting() abort() setProgress(int)value "
-            "onProgressChanged() ");
+        QByteArray names;
+        for (const QMetaObject *meta : {&SProgress::staticMetaObject, pool.metaObject()}) {
+            for (int i = meta->methodOffset(); i < meta->methodCount(); ++i)
+                names += meta->method(i).name() + meta->method(i).parameterNames().join() + ' ';
+        }
+        QCOMPARE(names,
+            "reportProgressvalue aborting setProgressvalue abort "
+            "reportProgressvalue aborting abort setProgressvalue onProgressChanged ");
         QVERIFY(pool.first()->qt_metacast("Quorvex::Interfaces::IProgress"));
         for (QObject *const object : {static_cast<QObject *>(&pool), pool.children().constFirst()})
             QCOMPARE(qobject_cast<IProgress *>(object), dynamic_cast<IProgress *>(object));
@@ -101,7 +80,6 @@ private Q_SLOTS:
         a.abort();
         {
             const SProgressDefaulter defaulter(&a);
-            const SProgressDefaulter none;
             a.abort();
         }
         QCOMPARE(log.take(), "a100 a40 a a0 a a100");
@@ -124,13 +102,9 @@ private Q_SLOTS:
             [&a](int value) { value == 10 ? a.setProgress(20) : void(); });
         a.setProgress(10);
         QCOMPARE(log.take(), "b10 b20 a20 a20");
-        Stubborn stubborn;
-        IProgress::link(&stubborn, &b);
-        a.setProgress(300);
-        QCOMPARE(stubborn.told, 300);
         IProgress::unlink(&b, &a, IProgress::ProgressPeers);
         a.setProgress(1);
-        QCOMPARE(b.progress(), 100);
+        QCOMPARE(b.progress(), 20);
         QCOMPARE(a.abortPeers(), QSet<IProgress *>{&b});
     }
 
@@ -141,7 +115,6 @@ private Q_SLOTS:
         log.listen(&pool, "p");
         pool.at(0)->setProgress(100);
         pool.at(1)->setProgress(50);
-        pool.last()->setProgress(1); // still 37
         delete pool.at(1);
         delete pool.at(2);
         pool.last()->setProgress(101);
@@ -176,8 +149,6 @@ private Q_SLOTS:
         log.listen(&pool, "p");
         pool.abort();
         QCOMPARE(log.take(), "p 2 p 1 p 0 p");
-        pool.reset();
-        QVERIFY(!pool.isAborted());
         pool.abort();
         QCOMPARE(log.take(), "p");
         for (int i = 0; i < 3; ++i)
@@ -205,12 +176,13 @@ private Q_SLOTS:
         connect(
             &pool, &SProgressPool::reportProgress, &pool,
             [&reports](int value) { reports.append(value); }, Qt::DirectConnection);
-        const auto step = [&pool](int child) {
-            for (int value = 1; value <= 100; ++value)
-                pool.at(child)->setProgress(value);
+        const auto step = [&pool](auto... children) {
+            together([&pool, children] {
+                for (int value = 1; value <= 100; ++value)
+                    pool.at(children)->setProgress(value);
+            }...);
         };
-        const auto steps = [step](auto... child) { together([=] { step(child); }...); };
-        steps(0, 1, 2, 3, 4, 5, 6, 7);
+        step(0, 1, 2, 3, 4, 5, 6, 7);
         QList<int> all(100);
         std::iota(all.begin(), all.end(), 1);
         QCOMPARE(reports, all);
@@ -228,10 +200,8 @@ private Q_SLOTS:
             SProgress c;
             SProgressPool p(2);
             SProgressPool q(2);
-            const auto link = [](IProgress *x, IProgress *y, IProgress *s, IProgress *t) {
-                return [=] { IProgress::link(x, y), IProgress::link(s, t); };
-            };
-            together(link(&*a, &*b, p.at(0), q.at(1)), link(&c, &*a, q.at(0), p.at(1)),
+            together([&] { IProgress::link(&*a, &*b), IProgress::link(p.at(0), q.at(1)); },
+                [&] { IProgress::link(&c, &*a), IProgress::link(q.at(0), p.at(1)); },
                 [&] { b->setProgress(5), q.setProgress(6); });
             together([&] { a->setProgress(10), p.setProgress(20); },
                 [&] { b->setProgress(11), q.setProgress(21); });
@@ -260,12 +230,8 @@ private Q_SLOTS:
             SThreading::setDefaultConcurrence(count);
             QCOMPARE(SThreading::defaultConcurrence(), count > 0 ? count : all);
         }
-        const ConcurrenceMode modes[] = {
-            ConcurrenceMode(0), ConcurrenceMode::Default, ConcurrenceMode(6)};
-        for (const ConcurrenceMode &mode : modes) {
-            SThreading::setDefaultConcurrence(mode);
-            QCOMPARE(SThreading::defaultConcurrence(), &mode == modes ? 1 : all);
-        }
+        SThreading::setDefaultConcurrence(ConcurrenceMode(0));
+        QCOMPARE(SThreading::defaultConcurrence(), 1);
     }
 };
 

@@ -5,8 +5,12 @@
 #include <algorithm>
 #include <mutex>
 
+// The thread sanitizer does not see what happens inside Qt.
 #ifdef __SANITIZE_THREAD__
 #include <sanitizer/tsan_interface.h>
+#define TELL_TSAN(call) call
+#else
+#define TELL_TSAN(call)
 #endif
 
 namespace Quorvex::Interfaces {
@@ -23,43 +27,44 @@ struct IProgress::Call
 
 /// A recursive mutex that can be given up for another one.
 ///
-/// A reporter calls its peers, and a pool its parts, with the lock held: that keeps a group in step
-/// and keeps its members alive during the call, since destructors take the lock to unlink. With one
-/// lock each, two threads that enter a group at different members would wait for each other. So a
-/// group has one lock: whoever links two reporters, holding the locks of both, lets one lock point
-/// to the other. Locks form trees whose roots are the ones that are taken, and all groups that the
-/// library walks through lie in one tree. Nothing is ever split.
+/// A reporter calls its peers, and a pool its children, with the lock held: that keeps a group in
+/// step, and its members alive during the call, since destructors take the lock to unlink. If each
+/// had its own, two threads that enter a group at different members would wait for each other. So a
+/// group has one lock. A pool's children are made with that of the pool; to link two reporters is
+/// to take the locks of both and to let one point to the other for good. Locks thus form trees, of
+/// which the roots are taken, and no call within a group leaves its tree.
 ///
-/// A lock lives as long as a reporter or a lock refers to it, so the way to the root can be walked
-/// without holding anything; what was locked may have been given up meanwhile, which is checked.
+/// A lock lives as long as a reporter or another lock refers to it. The way to the root can thus be
+/// walked without holding anything; a lock that was given up meanwhile is noticed once it is taken.
 class IProgress::Lock : public QRecursiveMutex
 {
 public:
     void lock()
     {
-        announce(0);
+        TELL_TSAN(__tsan_mutex_pre_lock(this, __tsan_mutex_write_reentrant));
         QRecursiveMutex::lock();
-        entered(0, true);
+        TELL_TSAN(__tsan_mutex_post_lock(this, __tsan_mutex_write_reentrant, 0));
+        ++m_depth;
     }
 
     bool try_lock()
     {
-        announce(1);
+        TELL_TSAN(constexpr unsigned flags = __tsan_mutex_write_reentrant | __tsan_mutex_try_lock);
+        TELL_TSAN(__tsan_mutex_pre_lock(this, flags));
         const bool success = QRecursiveMutex::tryLock();
-        entered(1, success);
+        TELL_TSAN(
+            __tsan_mutex_post_lock(this, flags | (success ? 0 : __tsan_mutex_try_lock_failed), 0));
+        if (success)
+            ++m_depth;
         return success;
     }
 
     void unlock()
     {
         --m_depth;
-#ifdef __SANITIZE_THREAD__
-        __tsan_mutex_pre_unlock(this, 0);
-#endif
+        TELL_TSAN(__tsan_mutex_pre_unlock(this, 0));
         QRecursiveMutex::unlock();
-#ifdef __SANITIZE_THREAD__
-        __tsan_mutex_post_unlock(this, 0);
-#endif
+        TELL_TSAN(__tsan_mutex_post_unlock(this, 0));
     }
 
     [[nodiscard]] Lock *root()
@@ -96,9 +101,8 @@ public:
             const bool isBKept = b->m_depth > 1 || (a->m_depth == 1 && b->m_height > a->m_height);
             Lock *const kept = isBKept ? b : a;
             Lock *const given = isBKept ? a : b;
-            kept->m_users.fetch_add(1, std::memory_order_relaxed);
             kept->m_height = std::max(kept->m_height, given->m_height + 1);
-            given->m_next.store(kept, std::memory_order_release);
+            given->m_next.store(kept->retain(), std::memory_order_release);
             return;
         }
     }
@@ -127,6 +131,12 @@ public:
         return false;
     }
 
+    Lock *retain()
+    {
+        m_users.fetch_add(1, std::memory_order_relaxed);
+        return this;
+    }
+
     static void release(Lock *lock)
     {
         while (lock && lock->m_users.fetch_sub(1, std::memory_order_acq_rel) == 1) {
@@ -142,30 +152,7 @@ private:
         return m_next.load(std::memory_order_relaxed) != nullptr;
     }
 
-    // The thread sanitizer does not see what happens inside Qt.
-    void announce([[maybe_unused]] bool isTry)
-    {
-#ifdef __SANITIZE_THREAD__
-        __tsan_mutex_pre_lock(this, flags(isTry));
-#endif
-    }
-    void entered([[maybe_unused]] bool isTry, bool success)
-    {
-#ifdef __SANITIZE_THREAD__
-        __tsan_mutex_post_lock(
-            this, flags(isTry) | (success ? 0 : __tsan_mutex_try_lock_failed), 0);
-#endif
-        if (success)
-            ++m_depth;
-    }
-#ifdef __SANITIZE_THREAD__
-    static unsigned flags(bool isTry)
-    {
-        return __tsan_mutex_write_reentrant | (isTry ? __tsan_mutex_try_lock : 0);
-    }
-#endif
-
-    std::atomic<int> m_users = 1; ///< The reporter that made it, and the locks that point to it.
+    std::atomic<int> m_users = 1;         ///< Reporters that have it, and locks that point to it.
     std::atomic<Lock *> m_next = nullptr; ///< Set once.
     int m_depth = 0;                      ///< How often the thread that has it has taken it.
     int m_height = 0;
@@ -255,6 +242,8 @@ bool IProgress::exchangeAborted()
 {
     const Locker locker(*this);
     const bool wasAborted = m_isAborted.exchange(1) != 0;
+    if (m_abortPeers.isEmpty())
+        return wasAborted;
     const QSet<IProgress *> peers = m_abortPeers;
     for (IProgress *const peer : peers) {
         if (m_abortPeers.contains(peer) && !peer->isAborted())
@@ -267,7 +256,7 @@ bool IProgress::link(IProgress *a, IProgress *b, Peers peers)
 {
     if (!a || !b || a == b)
         return false;
-    shareLock(*a, *b);
+    Lock::join(a->m_lock, b->m_lock);
     const Locker locker(*a);
     for (const auto &[from, to] : {std::pair(a, b), std::pair(b, a)}) {
         if (peers & ProgressPeers)
@@ -313,9 +302,9 @@ QSet<IProgress *> IProgress::abortPeers() const
     return m_abortPeers;
 }
 
-void IProgress::shareLock(const IProgress &a, const IProgress &b)
+void IProgress::useLockOf(const IProgress &other)
 {
-    Lock::join(a.m_lock, b.m_lock);
+    Lock::release(std::exchange(m_lock, other.m_lock->retain()));
 }
 
 void IProgress::setSum(qint64 *sum)

@@ -10,13 +10,13 @@
 namespace Quorvex::Interfaces {
 
 /// What a task reports to: how far it is, from 0 to 100, and whether it is to stop. Reporters may
-/// be linked as peers; peers follow each other's progress, are aborted together, or both.
+/// be linked as peers, which follow each other's progress, are aborted together, or both.
 ///
 /// All functions may be called from any thread, progress() and isAborted() without waiting. Each
-/// reporter has a recursive lock. Linked ones share theirs, as a pool does with its parts: while
-/// one of them passes a change on, other threads wait to change any of them, and slots that its
-/// peers call directly run under the lock. They may call back, and may unlink or delete peers that
-/// are not passing the change on.
+/// reporter has a recursive lock; linked ones share theirs, as a pool does with its children. While
+/// one of them passes a change on, other threads wait to change any of them, and slots that are
+/// connected directly to its peers run under the lock. Such slots may call all functions here, and
+/// may delete peers other than those that are just passing the change on.
 ///
 /// A class that overrides a virtual function calls unlinkAll() at the start of its destructor,
 /// because peers on other threads call that function until then.
@@ -46,10 +46,10 @@ public:
     /// progress peer whose progress differs. That also happens after an abort.
     virtual void setProgress(int value);
 
-    /// Makes \a a and \a b peers of each other; no progress changes by that. False, without effect,
-    /// if one is null or they are the same.
-    /// Two threads must not each link the same groups from slots that run under the lock of one of
-    /// them: they would wait for each other.
+    /// Makes \a a and \a b peers of each other; that changes no progress. False, without effect, if
+    /// one is null or they are the same. It waits until no other thread is changing one of their
+    /// groups, so a slot that runs under the lock of one must not link it to the other while a slot
+    /// of that one, on another thread, does the reverse.
     static bool link(IProgress *a, IProgress *b, Peers peers = AllPeers);
 
     /// Undoes link() for the given sets.
@@ -85,8 +85,8 @@ protected:
 
     void unlinkAll();
 
-    /// Lets both have one lock from now on.
-    static void shareLock(const IProgress &a, const IProgress &b);
+    /// Takes the lock of \a other in place of the own, which no other thread may know yet.
+    void useLockOf(const IProgress &other);
 
     /// Adds every change of the progress to \a sum, under the lock; null: no longer.
     void setSum(qint64 *sum);

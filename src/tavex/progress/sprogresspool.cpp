@@ -17,7 +17,7 @@ public:
         , m_pool(pool)
         , m_index(index)
     {
-        shareLock(*pool, *this);
+        useLockOf(*pool);
         setSum(&pool->m_sum);
     }
 
