@@ -113,11 +113,11 @@ void progress(const Bench::Topic &topic)
         "step in a pool of 10000", [&tenThousand] { return stepTime(tenThousand); }, scale);
 
     // As many children on both sides, so that a cache holds as many of them.
-    std::vector<std::unique_ptr<SProgressPool>> wide;
-    wide.push_back(std::make_unique<SProgressPool>(100'000));
-    std::vector<std::unique_ptr<SProgressPool>> narrow;
-    for (int i = 0; i < 10; ++i)
-        narrow.push_back(std::make_unique<SProgressPool>(10'000));
+    std::vector<std::unique_ptr<SProgressPool>> wide(1);
+    wide.front() = std::make_unique<SProgressPool>(100'000);
+    std::vector<std::unique_ptr<SProgressPool>> narrow(10);
+    for (auto &pool : narrow)
+        pool = std::make_unique<SProgressPool>(10'000);
     topic.compareTimes(
         "abort 100000", [&wide] { return abortTime(wide); },
         Bench::Yardstick{"abort 10000", [&narrow] { return abortTime(narrow); }});

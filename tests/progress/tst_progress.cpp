@@ -6,7 +6,7 @@
 
 #include <QMetaMethod>
 #include <QTest>
-#include <QTimer>
+#include <QThread>
 
 #include <barrier>
 #include <numeric>
@@ -21,7 +21,7 @@ namespace {
 struct Log : QByteArrayList
 {
     template <typename Reporter>
-    void listen(Reporter *reporter, const char *name)
+    void listen(Reporter *reporter, const QByteArray &name)
     {
         QObject::connect(reporter, &Reporter::reportProgress,
             [this, name](qint32 value) { append(name + QByteArray::number(value)); });
@@ -145,7 +145,7 @@ private Q_SLOTS:
         Log log;
         SProgressPool pool(3);
         for (int i = 0; i < 3; ++i)
-            log.listen(pool.at(i), &"0\0001\0002"[2 * i]);
+            log.listen(pool.at(i), QByteArray::number(i));
         log.listen(&pool, "p");
         pool.abort();
         QCOMPARE(log.take(), "p 2 p 1 p 0 p");
@@ -216,13 +216,15 @@ private Q_SLOTS:
     void helpers()
     {
         SSignalResult result;
-        QTimer::singleShot(0, &result, &SSignalResult::success);
-        QVERIFY(!result.succeeded() && result.waitResult());
+        int outcomes = 0;
+        connect(&result, &SSignalResult::finished, [&outcomes] { ++outcomes; });
+        const auto invoke = [&result](const char *method) {
+            return QMetaObject::invokeMethod(&result, method, Qt::QueuedConnection);
+        };
+        QVERIFY(!result.succeeded() && invoke("success") && result.waitResult());
         // What there is already does not end a wait, nor does a second outcome.
-        QTimer::singleShot(0, &result, &SSignalResult::failed);
-        bool isLater = false;
-        QTimer::singleShot(10, &result, [&] { isLater = true, Q_EMIT result.finished(); });
-        QVERIFY(result.waitResult() && isLater);
+        QVERIFY(invoke("failed") && invoke("finished") && result.waitResult());
+        QCOMPARE(outcomes, 2);
 
         const int all = SSysInfo::cpuCount();
         QCOMPARE(SThreading::defaultConcurrence(), all);
