@@ -44,5 +44,9 @@ extern "C" Q_DECL_EXPORT int useLibrary()
     const SMetaListInt16 list(QList<qint16>{1, 2});
     if (static_cast<const SMetaVariant &>(list).value().userType() < QMetaType::User)
         return 8;
+    SProgressPool pool(2);
+    pool.setProgress(40);
+    if (pool.progress() != 40)
+        return 9;
     return 0;
 }
