@@ -1,7 +1,13 @@
 #pragma once
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
+
+#include <memory>
+#include <optional>
+
+class QFile;
 
 /// \file
 /// What the library needs from the operating system. One source per system, picked by CMake,
@@ -31,6 +37,21 @@ namespace Quorvex::Platform {
 /// Makes \a link, which must not exist yet, a link to the directory \a folder. Waits for up to a
 /// minute where a program has to do it.
 [[nodiscard]] bool linkDirectory(const QString &link, const QString &folder);
+
+/// All that the file at \a path has; nothing if it cannot be read to its end.
+[[nodiscard]] std::optional<QByteArray> readFile(const QString &path);
+
+/// Puts the file at \a from in the place of \a to, in one step: whoever opens \a to meanwhile gets
+/// the earlier file or this one.
+[[nodiscard]] bool replaceFile(const QString &from, const QString &to);
+
+/// Keeps removeAbandonedFile() in all processes from the open \a file, until the result is
+/// destroyed or the process ends, however it ends. Null if that is too late or not possible. The
+/// file can be closed and moved meanwhile.
+[[nodiscard]] std::shared_ptr<void> holdFile(const QFile &file);
+
+/// Removes the file at \a path if there is one and nobody holds it.
+void removeAbandonedFile(const QString &path);
 
 [[nodiscard]] bool isKernel64Bit();
 

@@ -10,15 +10,20 @@
 #include <QSysInfo>
 
 #include <cerrno>
+#include <cstdio>
 #include <memory>
+#include <new>
+#include <utility>
 #include <vector>
 
 #include <fcntl.h>
 #include <linux/cdrom.h>
 #include <pwd.h>
 #include <sched.h>
+#include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/mount.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace Quorvex::Platform {
@@ -49,14 +54,41 @@ bool askDiskService(const QString &action, const QString &device)
         && process.exitCode() == 0;
 }
 
-bool openTray(const QString &drive)
+/// An open file; -1 if there is none.
+class Descriptor
 {
-    const int file = open(QFile::encodeName(drive).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (file < 0)
-        return false;
-    const bool done = ioctl(file, CDROMEJECT) == 0;
-    close(file);
-    return done;
+public:
+    explicit Descriptor(int number) noexcept
+        : m_number(number)
+    {
+    }
+    Descriptor(const QString &path, int flags)
+        : Descriptor(open(QFile::encodeName(path).constData(), flags | O_CLOEXEC))
+    {
+    }
+    Descriptor(Descriptor &&other) noexcept
+        : m_number(std::exchange(other.m_number, -1))
+    {
+    }
+    Q_DISABLE_COPY(Descriptor)
+    Descriptor &operator=(Descriptor &&) = delete;
+    ~Descriptor()
+    {
+        if (m_number >= 0)
+            close(m_number);
+    }
+
+    operator int() const noexcept { return m_number; }
+
+private:
+    int m_number;
+};
+
+/// Tells by the lock on \a file whether somebody holds it. Where a file system has no locks, every
+/// file seems held.
+bool lock(int file)
+{
+    return flock(file, LOCK_EX | LOCK_NB) == 0;
 }
 
 } // namespace
@@ -109,6 +141,60 @@ bool linkDirectory(const QString &link, const QString &folder)
         return false;
     // A relative text in a link would be taken from the link's own folder.
     return QFile::link(QFileInfo(folder).absoluteFilePath(), link);
+}
+
+std::optional<QByteArray> readFile(const QString &path)
+{
+    const Descriptor file(path, O_RDONLY);
+    struct stat status;
+    if (file < 0 || fstat(file, &status) != 0 || !S_ISREG(status.st_mode))
+        return {};
+    try {
+        QByteArray data(status.st_size, Qt::Uninitialized);
+        for (qsizetype done = 0; done < data.size();) {
+            const ssize_t count =
+                read(file, data.data() + done, static_cast<std::size_t>(data.size() - done));
+            if (count == 0 || (count < 0 && errno != EINTR))
+                return {};
+            done += qMax(count, ssize_t{0});
+        }
+        return data;
+    } catch (const std::bad_alloc &) {
+        return {};
+    }
+}
+
+bool replaceFile(const QString &from, const QString &to)
+{
+    return rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
+}
+
+std::shared_ptr<void> holdFile(const QFile &file)
+{
+    // The lock belongs to what the descriptor and its copies share, and outlives the first one.
+    Descriptor copy(fcntl(file.handle(), F_DUPFD_CLOEXEC, 0));
+    if (copy < 0 || (!lock(copy) && errno == EWOULDBLOCK))
+        return {};
+    // Somebody may have found the file before it was locked, and removed it.
+    struct stat status;
+    if (fstat(copy, &status) != 0 || status.st_nlink == 0)
+        return {};
+    return std::make_shared<Descriptor>(std::move(copy));
+}
+
+void removeAbandonedFile(const QString &path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    const Descriptor file(path, O_RDWR | O_NOFOLLOW | O_NONBLOCK);
+    if (file < 0 || !lock(file))
+        return;
+    // By now its writer may have moved it and made another of this name. Under the lock the name
+    // can no longer change hands.
+    struct stat opened;
+    struct stat named;
+    if (fstat(file, &opened) == 0 && lstat(name.constData(), &named) == 0
+        && opened.st_ino == named.st_ino && opened.st_dev == named.st_dev)
+        unlink(name.constData());
 }
 
 bool isKernel64Bit()
@@ -176,7 +262,8 @@ bool ejectVolume(const Volume &volume)
     const bool unmounted =
         umount2(QFile::encodeName(volume.rootPath).constData(), UMOUNT_NOFOLLOW) == 0
         || askDiskService(QStringLiteral("unmount"), volume.device);
-    return unmounted && (openTray(drive) || askDiskService(QStringLiteral("power-off"), drive));
+    return unmounted && (ioctl(Descriptor(drive, O_RDONLY | O_NONBLOCK), CDROMEJECT) == 0
+           || askDiskService(QStringLiteral("power-off"), drive));
 }
 
 } // namespace Quorvex::Platform

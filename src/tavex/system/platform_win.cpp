@@ -1,6 +1,8 @@
 #include <tavex/system/platform_p.h>
 
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QSettings>
@@ -8,6 +10,7 @@
 #include <array>
 #include <bit>
 #include <memory>
+#include <new>
 #include <vector>
 
 // Windows 7 and later.
@@ -95,6 +98,17 @@ bool control(HANDLE device, DWORD code, void *input = nullptr, DWORD inputSize =
     return DeviceIoControl(device, code, input, inputSize, nullptr, 0, &returned, nullptr);
 }
 
+/// \a path in a form that may have more than 260 characters.
+QString longPath(const QString &path)
+{
+    QString text = QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
+    if (text.startsWith(QLatin1String("\\\\")))
+        text.replace(0, 1, QStringLiteral("\\\\?\\UNC"));
+    else
+        text.prepend(QStringLiteral("\\\\?\\"));
+    return text;
+}
+
 } // namespace
 
 QString commonDataFolder()
@@ -164,6 +178,44 @@ bool linkDirectory(const QString &link, const QString &folder)
     process.start(QIODevice::ReadWrite);
     return process.waitForStarted(Timeout) && process.waitForFinished(Timeout)
         && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+}
+
+std::optional<QByteArray> readFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return {};
+    try {
+        QByteArray data(file.size(), Qt::Uninitialized);
+        if (file.read(data.data(), data.size()) != data.size())
+            return {};
+        return data;
+    } catch (const std::bad_alloc &) {
+        return {};
+    }
+}
+
+bool replaceFile(const QString &from, const QString &to)
+{
+    return MoveFileExW(wide(longPath(from)), wide(longPath(to)), MOVEFILE_REPLACE_EXISTING);
+}
+
+std::shared_ptr<void> holdFile(const QFile &file)
+{
+    // It shares everything, so that the file can be moved. Qt's own handle does not share the right
+    // to delete, and thus keeps the file until this one is open.
+    const HANDLE handle = CreateFileW(wide(longPath(file.fileName())), GENERIC_READ,
+        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (handle == INVALID_HANDLE_VALUE)
+        return {};
+    return {handle, HandleCloser()};
+}
+
+void removeAbandonedFile(const QString &path)
+{
+    // Sharing nothing, it fails while anybody has the file open.
+    const Handle file(CreateFileW(wide(longPath(path)), DELETE, 0, nullptr, OPEN_EXISTING,
+        FILE_FLAG_DELETE_ON_CLOSE, nullptr));
 }
 
 bool isKernel64Bit()

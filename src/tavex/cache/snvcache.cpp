@@ -1,0 +1,263 @@
+#include <tavex/cache/snvcache.h>
+
+#include <tavex/files/sfilehelper.h>
+#include <tavex/metadata/iserializable.h>
+#include <tavex/system/platform_p.h>
+
+#include <QCryptographicHash>
+#include <QDataStream>
+#include <QDir>
+#include <QFile>
+#include <QUuid>
+
+#include <memory>
+
+namespace Quorvex {
+namespace {
+
+constexpr int StreamVersion = QDataStream::Qt_5_6;
+constexpr quint64 ChunkSize = 32768;
+constexpr QUuid Magic(
+    0xc0e6a09c, 0xc943, 0x4039, 0x94, 0xb5, 0xcc, 0xae, 0xe6, 0x0e, 0x32, 0xe8);
+
+/// So many files can be on their way in one directory. The names are few, so that what is left of
+/// them is found without listing a directory of many values.
+constexpr int NewFileLimit = 64;
+
+/// No name of a value: that is hexadecimal.
+QString newFilePath(const QString &directory, int number)
+{
+    return directory + QLatin1String("/new-") + QString::number(number);
+}
+
+/// A file that is written under a name of its own in \a directory and put into its place when it is
+/// whole. Other processes know by its hold that it is not abandoned. It is removed if it has not
+/// come to its place.
+class NewFile : public QFile
+{
+public:
+    explicit NewFile(const QString &directory)
+    {
+        for (int i = 0; i < NewFileLimit && !m_hold; ++i) {
+            setFileName(newFilePath(directory, i));
+            if (!open(WriteOnly | NewOnly))
+                continue;
+            m_hold = Platform::holdFile(*this);
+            if (!m_hold) {
+                close();
+                Platform::removeAbandonedFile(fileName());
+            }
+        }
+    }
+    Q_DISABLE_COPY_MOVE(NewFile)
+    ~NewFile() override
+    {
+        if (m_hold && !m_moved)
+            remove();
+    }
+
+    /// False if anything that was written has not arrived, to the closing of the file.
+    bool moveTo(const QString &path)
+    {
+        const bool written = flush() && !m_failed;
+        close();
+        m_moved = written && error() == NoError && Platform::replaceFile(fileName(), path);
+        return m_moved;
+    }
+
+protected:
+    /// Remembers a failure that the caller may overlook: QFile forgets it at the next write.
+    qint64 writeData(const char *data, qint64 size) override
+    {
+        const qint64 written = QFile::writeData(data, size);
+        m_failed = m_failed || written < 0 || (written == 0 && size > 0);
+        return written;
+    }
+
+private:
+    std::shared_ptr<void> m_hold;
+    bool m_failed = false;
+    bool m_moved = false;
+};
+
+/// SFileHelper::copyDevice(), which takes a source that cannot be opened for an empty one.
+bool copyFrom(QIODevice *source, QIODevice *target)
+{
+    const bool open = !source->isOpen();
+    const bool copied = (!open || source->open(QIODevice::ReadOnly))
+        && SFileHelper::copyDevice(target, source, ChunkSize);
+    if (open)
+        source->close();
+    return copied;
+}
+
+} // namespace
+
+SNvCache::SNvCache(const QString &name, const QString &folder)
+    : m_folder(folder)
+    , m_name(name.isEmpty() ? QUuid::createUuid().toString(QUuid::WithoutBraces) : name)
+{
+    m_valid = QDir(QString()).mkpath(pathName());
+    if (!m_valid)
+        return;
+    for (int i = 0; i < NewFileLimit; ++i)
+        Platform::removeAbandonedFile(newFilePath(pathName(), i));
+    if (!readIndex())
+        m_index.clear();
+}
+
+SNvCache::~SNvCache()
+{
+    if (m_valid)
+        writeIndex();
+}
+
+bool SNvCache::insert(const QString &key, QIODevice *source)
+{
+    return source && store(key, true, [&](NewFile &file) { return copyFrom(source, &file); });
+}
+
+bool SNvCache::insert(const QString &key, const QByteArray &data)
+{
+    return store(key, true, [&](NewFile &file) { return file.write(data) == data.size(); });
+}
+
+bool SNvCache::insert(const QString &key, Interfaces::ISerializable *object)
+{
+    return object && store(key, false, [&](NewFile &file) {
+        QDataStream stream(&file);
+        stream.setVersion(StreamVersion);
+        return object->write(stream) && stream.status() == QDataStream::Ok;
+    });
+}
+
+bool SNvCache::value(const QString &key, QIODevice *target) const
+{
+    if (!m_valid || !target)
+        return false;
+    QFile source(pathName(hash(key)));
+    return copyFrom(&source, target);
+}
+
+bool SNvCache::value(const QString &key, Interfaces::ISerializable *object) const
+{
+    if (!m_valid || !object)
+        return false;
+    QFile file(pathName(hash(key)));
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    QDataStream stream(&file);
+    stream.setVersion(StreamVersion);
+    return object->read(stream);
+}
+
+QByteArray SNvCache::value(const QString &key) const
+{
+    if (!m_valid)
+        return {};
+    return Platform::readFile(pathName(hash(key))).value_or(QByteArray());
+}
+
+bool SNvCache::remove(const QString &key)
+{
+    if (!m_valid || !removeFile(hash(key)))
+        return false;
+    m_index.remove(key);
+    return true;
+}
+
+void SNvCache::clear()
+{
+    const QStringList all = keys();
+    for (const QString &key : all)
+        remove(key);
+    m_index.clear();
+}
+
+/// Lets \a write write the value's file. \a removeUnopened tells whether the earlier value goes if
+/// there is no file to write.
+template <typename Write>
+bool SNvCache::store(const QString &key, bool removeUnopened, const Write &write)
+{
+    if (!m_valid)
+        return false;
+    const QByteArray digest = hash(key);
+    {
+        NewFile file(pathName());
+        if (!file.isOpen() && !removeUnopened)
+            return false;
+        if (file.isOpen() && write(file) && file.moveTo(pathName(digest))) {
+            m_index.insert(key, digest);
+            return true;
+        }
+    }
+    (void)removeFile(digest);
+    return false;
+}
+
+/// The digest that names the file of \a key: what the index has wins.
+QByteArray SNvCache::hash(const QString &key) const
+{
+    const auto entry = m_index.constFind(key);
+    if (entry != m_index.constEnd())
+        return *entry;
+    return QCryptographicHash::hash(key.toUtf8(), QCryptographicHash::Sha256);
+}
+
+/// The path of a file in the directory, or its own.
+QString SNvCache::pathName(const QString &fileName) const
+{
+    const QString directory = m_folder + QLatin1Char('/') + m_name;
+    return fileName.isEmpty() ? directory : directory + QLatin1Char('/') + fileName;
+}
+
+QString SNvCache::pathName(const QByteArray &digest) const
+{
+    return pathName(QString::fromLatin1(digest.toHex()));
+}
+
+bool SNvCache::removeFile(const QByteArray &digest) const
+{
+    const QString path = pathName(digest);
+    return QFile::remove(path) || !QFile::exists(path);
+}
+
+bool SNvCache::readIndex()
+{
+    QFile file(pathName(QStringLiteral("index")));
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    QDataStream stream(&file);
+    stream.setVersion(StreamVersion);
+    QUuid magic;
+    stream >> magic;
+    if (magic != Magic)
+        return false;
+    // The upper half of what writeIndex() writes, and thus 0: docs/cache.md.
+    qint32 count = 0;
+    stream >> count;
+    for (qint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
+        QString key;
+        QByteArray digest;
+        stream >> key >> digest;
+        if (!digest.isEmpty())
+            m_index.insert(key, digest);
+    }
+    return stream.status() == QDataStream::Ok;
+}
+
+void SNvCache::writeIndex() const
+{
+    NewFile file(pathName());
+    if (!file.isOpen())
+        return;
+    QDataStream stream(&file);
+    stream.setVersion(StreamVersion);
+    stream << Magic << qint64{m_index.size()};
+    for (auto entry = m_index.cbegin(); entry != m_index.cend(); ++entry)
+        stream << entry.key() << entry.value();
+    if (stream.status() == QDataStream::Ok)
+        (void)file.moveTo(pathName(QStringLiteral("index")));
+}
+
+} // namespace Quorvex
