@@ -2,6 +2,8 @@
 
 #include <tavex/Tavex>
 
+#include <QCoreApplication>
+#include <QFile>
 #include <QVariant>
 
 using namespace Quorvex;
@@ -44,5 +46,9 @@ extern "C" Q_DECL_EXPORT int useLibrary()
     const SMetaListInt16 list(QList<qint16>{1, 2});
     if (static_cast<const SMetaVariant &>(list).value().userType() < QMetaType::User)
         return 8;
+    QFile file(QCoreApplication::applicationFilePath() + QStringLiteral(".unload"));
+    SFileHelper::deleteFileOnExit(file.fileName());
+    if (!file.open(QIODevice::WriteOnly))
+        return 9;
     return 0;
 }
