@@ -17,8 +17,7 @@ namespace {
 
 constexpr int StreamVersion = QDataStream::Qt_5_6;
 constexpr quint64 ChunkSize = 32768;
-constexpr QUuid Magic(
-    0xc0e6a09c, 0xc943, 0x4039, 0x94, 0xb5, 0xcc, 0xae, 0xe6, 0x0e, 0x32, 0xe8);
+constexpr QUuid Magic(0xc0e6a09c, 0xc943, 0x4039, 0x94, 0xb5, 0xcc, 0xae, 0xe6, 0x0e, 0x32, 0xe8);
 
 /// So many files can be on their way in one directory. The names are few, so that what is left of
 /// them is found without listing a directory of many values.

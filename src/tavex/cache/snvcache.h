@@ -11,7 +11,7 @@ class QIODevice;
 
 namespace Quorvex {
 namespace Interfaces {
-    class ISerializable;
+class ISerializable;
 } // namespace Interfaces
 
 /// A cache that outlives the process: values by key, each in a file of its own, in one directory

@@ -262,8 +262,9 @@ bool ejectVolume(const Volume &volume)
     const bool unmounted =
         umount2(QFile::encodeName(volume.rootPath).constData(), UMOUNT_NOFOLLOW) == 0
         || askDiskService(QStringLiteral("unmount"), volume.device);
-    return unmounted && (ioctl(Descriptor(drive, O_RDONLY | O_NONBLOCK), CDROMEJECT) == 0
-           || askDiskService(QStringLiteral("power-off"), drive));
+    return unmounted
+        && (ioctl(Descriptor(drive, O_RDONLY | O_NONBLOCK), CDROMEJECT) == 0
+            || askDiskService(QStringLiteral("power-off"), drive));
 }
 
 } // namespace Quorvex::Platform
