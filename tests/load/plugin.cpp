@@ -3,7 +3,7 @@
 #include <tavex/Tavex>
 
 #include <QCoreApplication>
-#include <QFile>
+#include <QDir>
 #include <QVariant>
 
 using namespace Quorvex;
@@ -46,9 +46,9 @@ extern "C" Q_DECL_EXPORT int useLibrary()
     const SMetaListInt16 list(QList<qint16>{1, 2});
     if (static_cast<const SMetaVariant &>(list).value().userType() < QMetaType::User)
         return 8;
-    QFile file(QCoreApplication::applicationFilePath() + QStringLiteral(".unload"));
-    SFileHelper::deleteFileOnExit(file.fileName());
-    if (!file.open(QIODevice::WriteOnly))
+    // Unloading deletes it, or the next round cannot make it.
+    const QString name = QStringLiteral("unload%1").arg(QCoreApplication::applicationPid());
+    if (!QDir::temp().mkdir(SFileHelper::deleteFolderOnExit(QDir::temp().filePath(name))))
         return 9;
     return 0;
 }

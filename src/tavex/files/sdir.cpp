@@ -65,7 +65,7 @@ QString SDir::removeWrongChars(const QString &name)
 
 QString SDir::pathShortener(const QString &path, int width)
 {
-    const QString cleaned = QDir::fromNativeSeparators(QDir::cleanPath(path));
+    QString cleaned = QDir::fromNativeSeparators(QDir::cleanPath(path));
     const qsizetype kept = qMax(width, 10);
     const qsizetype removed = cleaned.size() - kept;
     if (width == -1 || removed < 10)
