@@ -8,6 +8,7 @@
 #include <QDataStream>
 #include <QDir>
 #include <QFile>
+#include <QStringBuilder>
 #include <QUuid>
 
 #include <memory>
@@ -26,7 +27,7 @@ constexpr int NewFileLimit = 64;
 /// No name of a value: that is hexadecimal.
 QString newFilePath(const QString &directory, int number)
 {
-    return directory + QLatin1String("/new-") + QString::number(number);
+    return directory % QLatin1String("/new-") % QString::number(number);
 }
 
 /// A file that is written under a name of its own in \a directory and put into its place when it is
@@ -54,6 +55,9 @@ public:
         if (m_hold && !m_moved)
             remove();
     }
+
+    /// Qt would ask the system.
+    [[nodiscard]] bool isSequential() const override { return false; }
 
     /// False if anything that was written has not arrived, to the closing of the file.
     bool moveTo(const QString &path)
@@ -152,9 +156,7 @@ bool SNvCache::value(const QString &key, Interfaces::ISerializable *object) cons
 
 QByteArray SNvCache::value(const QString &key) const
 {
-    if (!m_valid)
-        return {};
-    return Platform::readFile(pathName(hash(key))).value_or(QByteArray());
+    return m_valid ? Platform::readFile(pathName(hash(key))) : QByteArray();
 }
 
 bool SNvCache::remove(const QString &key)
@@ -206,13 +208,13 @@ QByteArray SNvCache::hash(const QString &key) const
 /// The path of a file in the directory, or its own.
 QString SNvCache::pathName(const QString &fileName) const
 {
-    const QString directory = m_folder + QLatin1Char('/') + m_name;
-    return fileName.isEmpty() ? directory : directory + QLatin1Char('/') + fileName;
+    const QString directory = m_folder % QLatin1Char('/') % m_name;
+    return fileName.isEmpty() ? directory : directory % QLatin1Char('/') % fileName;
 }
 
 QString SNvCache::pathName(const QByteArray &digest) const
 {
-    return pathName(QString::fromLatin1(digest.toHex()));
+    return m_folder % QLatin1Char('/') % m_name % QLatin1Char('/') % QLatin1String(digest.toHex());
 }
 
 bool SNvCache::removeFile(const QByteArray &digest) const

@@ -5,7 +5,6 @@
 #include <QString>
 
 #include <memory>
-#include <optional>
 
 class QFile;
 
@@ -38,8 +37,8 @@ namespace Quorvex::Platform {
 /// minute where a program has to do it.
 [[nodiscard]] bool linkDirectory(const QString &link, const QString &folder);
 
-/// All that the file at \a path has; nothing if it cannot be read to its end.
-[[nodiscard]] std::optional<QByteArray> readFile(const QString &path);
+/// All that the file at \a path has; empty if it cannot be read to its end.
+[[nodiscard]] QByteArray readFile(const QString &path);
 
 /// Puts the file at \a from in the place of \a to, in one step: whoever opens \a to meanwhile gets
 /// the earlier file or this one.

@@ -180,7 +180,7 @@ bool linkDirectory(const QString &link, const QString &folder)
         && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 
-std::optional<QByteArray> readFile(const QString &path)
+QByteArray readFile(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
