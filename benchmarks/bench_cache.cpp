@@ -44,14 +44,13 @@ class Ours
 {
 public:
     Ours(const QString &folder, int limit)
-        : m_cache(QStringLiteral("cache"), folder)
+        : m_cache(QString(), folder)
     {
         for (int i = 0; i < limit; ++i)
             m_keys.append(QStringLiteral("key %1").arg(i));
     }
     bool put(int i, const QByteArray &data) { return m_cache.insert(m_keys.at(i), data); }
     [[nodiscard]] QByteArray get(int i) const { return m_cache.value(m_keys.at(i)); }
-    void remove(int i) { m_cache.remove(m_keys.at(i)); }
 
 private:
     SNvCache m_cache;

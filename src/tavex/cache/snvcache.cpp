@@ -11,8 +11,6 @@
 #include <QStringBuilder>
 #include <QUuid>
 
-#include <memory>
-
 namespace Quorvex {
 namespace {
 
@@ -30,46 +28,30 @@ QString newFilePath(const QString &directory, int number)
     return directory % QLatin1String("/new-") % QString::number(number);
 }
 
-/// A file that is written under a name of its own in \a directory and put into its place when it is
-/// whole. Other processes know by its hold that it is not abandoned. It is removed if it has not
-/// come to its place.
-class NewFile : public QFile
+/// Finds a free name in \a directory.
+bool create(Platform::NewFile &file, const QString &directory)
+{
+    for (int i = 0; i < NewFileLimit; ++i) {
+        if (file.create(newFilePath(directory, i)))
+            return true;
+    }
+    return false;
+}
+
+/// What devices and objects are written to. It remembers a failure that they may overlook: QFile
+/// itself forgets it at the next write.
+class Writer : public QFile
 {
 public:
-    explicit NewFile(const QString &directory)
-    {
-        for (int i = 0; i < NewFileLimit && !m_hold; ++i) {
-            setFileName(newFilePath(directory, i));
-            if (!open(WriteOnly | NewOnly))
-                continue;
-            m_hold = Platform::holdFile(*this);
-            if (!m_hold) {
-                close();
-                Platform::removeAbandonedFile(fileName());
-            }
-        }
-    }
-    Q_DISABLE_COPY_MOVE(NewFile)
-    ~NewFile() override
-    {
-        if (m_hold && !m_moved)
-            remove();
-    }
-
-    /// Qt would ask the system.
-    [[nodiscard]] bool isSequential() const override { return false; }
-
-    /// False if anything that was written has not arrived, to the closing of the file.
-    bool moveTo(const QString &path)
+    /// False if anything that was written has not arrived.
+    bool finish()
     {
         const bool written = flush() && !m_failed;
         close();
-        m_moved = written && error() == NoError && Platform::replaceFile(fileName(), path);
-        return m_moved;
+        return written && error() == NoError;
     }
 
 protected:
-    /// Remembers a failure that the caller may overlook: QFile forgets it at the next write.
     qint64 writeData(const char *data, qint64 size) override
     {
         const qint64 written = QFile::writeData(data, size);
@@ -78,10 +60,27 @@ protected:
     }
 
 private:
-    std::shared_ptr<void> m_hold;
     bool m_failed = false;
-    bool m_moved = false;
 };
+
+/// Lets \a write write to \a file.
+template <typename Write>
+bool writeTo(Platform::NewFile &file, const Write &write)
+{
+    Writer writer;
+    return file.open(writer) && write(writer) && writer.finish();
+}
+
+/// The same with a stream.
+template <typename Write>
+bool streamTo(Platform::NewFile &file, const Write &write)
+{
+    return writeTo(file, [&](Writer &writer) {
+        QDataStream stream(&writer);
+        stream.setVersion(StreamVersion);
+        return write(stream) && stream.status() == QDataStream::Ok;
+    });
+}
 
 /// SFileHelper::copyDevice(), which takes a source that cannot be opened for an empty one.
 bool copyFrom(QIODevice *source, QIODevice *target)
@@ -117,20 +116,20 @@ SNvCache::~SNvCache()
 
 bool SNvCache::insert(const QString &key, QIODevice *source)
 {
-    return source && store(key, true, [&](NewFile &file) { return copyFrom(source, &file); });
+    return source && store(key, true, [&](Platform::NewFile &file) {
+        return writeTo(file, [&](Writer &writer) { return copyFrom(source, &writer); });
+    });
 }
 
 bool SNvCache::insert(const QString &key, const QByteArray &data)
 {
-    return store(key, true, [&](NewFile &file) { return file.write(data) == data.size(); });
+    return store(key, true, [&](Platform::NewFile &file) { return file.write(data); });
 }
 
 bool SNvCache::insert(const QString &key, Interfaces::ISerializable *object)
 {
-    return object && store(key, false, [&](NewFile &file) {
-        QDataStream stream(&file);
-        stream.setVersion(StreamVersion);
-        return object->write(stream) && stream.status() == QDataStream::Ok;
+    return object && store(key, false, [&](Platform::NewFile &file) {
+        return streamTo(file, [&](QDataStream &stream) { return object->write(stream); });
     });
 }
 
@@ -184,13 +183,14 @@ bool SNvCache::store(const QString &key, bool removeUnopened, const Write &write
         return false;
     const QByteArray digest = hash(key);
     {
-        NewFile file(pathName());
-        if (!file.isOpen() && !removeUnopened)
-            return false;
-        if (file.isOpen() && write(file) && file.moveTo(pathName(digest))) {
+        Platform::NewFile file;
+        const bool created = create(file, pathName());
+        if (created && write(file) && file.moveTo(pathName(digest))) {
             m_index.insert(key, digest);
             return true;
         }
+        if (!created && !removeUnopened)
+            return false;
     }
     (void)removeFile(digest);
     return false;
@@ -249,15 +249,14 @@ bool SNvCache::readIndex()
 
 void SNvCache::writeIndex() const
 {
-    NewFile file(pathName());
-    if (!file.isOpen())
-        return;
-    QDataStream stream(&file);
-    stream.setVersion(StreamVersion);
-    stream << Magic << qint64{m_index.size()};
-    for (auto entry = m_index.cbegin(); entry != m_index.cend(); ++entry)
-        stream << entry.key() << entry.value();
-    if (stream.status() == QDataStream::Ok)
+    Platform::NewFile file;
+    const bool written = create(file, pathName()) && streamTo(file, [&](QDataStream &stream) {
+        stream << Magic << qint64{m_index.size()};
+        for (auto entry = m_index.cbegin(); entry != m_index.cend(); ++entry)
+            stream << entry.key() << entry.value();
+        return true;
+    });
+    if (written)
         (void)file.moveTo(pathName(QStringLiteral("index")));
 }
 

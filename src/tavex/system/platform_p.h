@@ -4,7 +4,7 @@
 #include <QList>
 #include <QString>
 
-#include <memory>
+#include <cstdint>
 
 class QFile;
 
@@ -40,16 +40,34 @@ namespace Quorvex::Platform {
 /// All that the file at \a path has; empty if it cannot be read to its end.
 [[nodiscard]] QByteArray readFile(const QString &path);
 
-/// Puts the file at \a from in the place of \a to, in one step: whoever opens \a to meanwhile gets
-/// the earlier file or this one.
-[[nodiscard]] bool replaceFile(const QString &from, const QString &to);
+/// A new file that is written under one name and then moved to another, where it appears whole.
+/// Until then removeAbandonedFile() in any process leaves it alone. It is removed if it has not
+/// been moved, unless the process ends first.
+class NewFile
+{
+public:
+    NewFile() = default;
+    Q_DISABLE_COPY_MOVE(NewFile)
+    ~NewFile();
 
-/// Keeps removeAbandonedFile() in all processes from the open \a file, until the result is
-/// destroyed or the process ends, however it ends. Null if that is too late or not possible. The
-/// file can be closed and moved meanwhile.
-[[nodiscard]] std::shared_ptr<void> holdFile(const QFile &file);
+    /// False if there is a file at \a path, or if it cannot be made.
+    [[nodiscard]] bool create(const QString &path);
 
-/// Removes the file at \a path if there is one and nobody holds it.
+    [[nodiscard]] bool write(const QByteArray &data);
+
+    /// Opens \a device for writing to it instead. It has to be closed before moveTo().
+    [[nodiscard]] bool open(QFile &device) const;
+
+    /// Puts it in the place of \a path, in one step: whoever opens that meanwhile gets the earlier
+    /// file or this one. False, too, if the system has lost something of what was written.
+    [[nodiscard]] bool moveTo(const QString &path);
+
+private:
+    QString m_path;            ///< Empty if there is nothing to remove.
+    std::intptr_t m_file = -1; ///< The system's own number of the open file.
+};
+
+/// Removes the NewFile at \a path that a process has left there when it was killed.
 void removeAbandonedFile(const QString &path);
 
 [[nodiscard]] bool isKernel64Bit();

@@ -58,20 +58,11 @@ bool askDiskService(const QString &action, const QString &device)
 class Descriptor
 {
 public:
-    explicit Descriptor(int number) noexcept
-        : m_number(number)
+    Descriptor(const QString &path, int flags, mode_t mode = 0)
+        : m_number(open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, mode))
     {
     }
-    Descriptor(const QString &path, int flags)
-        : Descriptor(open(QFile::encodeName(path).constData(), flags | O_CLOEXEC))
-    {
-    }
-    Descriptor(Descriptor &&other) noexcept
-        : m_number(std::exchange(other.m_number, -1))
-    {
-    }
-    Q_DISABLE_COPY(Descriptor)
-    Descriptor &operator=(Descriptor &&) = delete;
+    Q_DISABLE_COPY_MOVE(Descriptor)
     ~Descriptor()
     {
         if (m_number >= 0)
@@ -79,6 +70,7 @@ public:
     }
 
     operator int() const noexcept { return m_number; }
+    int release() noexcept { return std::exchange(m_number, -1); }
 
 private:
     int m_number;
@@ -164,22 +156,55 @@ QByteArray readFile(const QString &path)
     }
 }
 
-bool replaceFile(const QString &from, const QString &to)
+NewFile::~NewFile()
 {
-    return rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
+    if (!m_path.isEmpty())
+        unlink(QFile::encodeName(m_path).constData());
+    if (m_file >= 0)
+        close(static_cast<int>(m_file));
 }
 
-std::shared_ptr<void> holdFile(const QFile &file)
+bool NewFile::create(const QString &path)
 {
-    // The lock belongs to what the descriptor and its copies share, and outlives the first one.
-    Descriptor copy(fcntl(file.handle(), F_DUPFD_CLOEXEC, 0));
-    if (copy < 0 || (!lock(copy) && errno == EWOULDBLOCK))
-        return {};
-    // Somebody may have found the file before it was locked, and removed it.
+    Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    if (file < 0 || (!lock(file) && errno == EWOULDBLOCK))
+        return false;
+    // removeAbandonedFile() may have found it before it was locked.
     struct stat status;
-    if (fstat(copy, &status) != 0 || status.st_nlink == 0)
-        return {};
-    return std::make_shared<Descriptor>(std::move(copy));
+    if (fstat(file, &status) != 0 || status.st_nlink == 0)
+        return false;
+    m_path = path;
+    m_file = file.release();
+    return true;
+}
+
+bool NewFile::write(const QByteArray &data)
+{
+    for (qsizetype done = 0; done < data.size();) {
+        const ssize_t count = ::write(static_cast<int>(m_file), data.constData() + done,
+            static_cast<std::size_t>(data.size() - done));
+        if (count < 0 && errno != EINTR)
+            return false;
+        done += qMax(count, ssize_t{0});
+    }
+    return true;
+}
+
+bool NewFile::open(QFile &device) const
+{
+    return device.open(static_cast<int>(m_file), QIODevice::WriteOnly);
+}
+
+bool NewFile::moveTo(const QString &path)
+{
+    // Some file systems tell only when a file is closed that there was no space for it. Closing a
+    // copy tells the same, and the lock stays.
+    const int copy = fcntl(static_cast<int>(m_file), F_DUPFD_CLOEXEC, 0);
+    if (copy < 0 || close(copy) != 0
+        || rename(QFile::encodeName(m_path).constData(), QFile::encodeName(path).constData()) != 0)
+        return false;
+    m_path.clear();
+    return true;
 }
 
 void removeAbandonedFile(const QString &path)

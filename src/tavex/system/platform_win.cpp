@@ -195,25 +195,57 @@ QByteArray readFile(const QString &path)
     }
 }
 
-bool replaceFile(const QString &from, const QString &to)
+NewFile::~NewFile()
 {
-    return MoveFileExW(wide(longPath(from)), wide(longPath(to)), MOVEFILE_REPLACE_EXISTING);
+    if (!m_path.isEmpty())
+        DeleteFileW(wide(longPath(m_path)));
+    HandleCloser()(reinterpret_cast<HANDLE>(m_file));
 }
 
-std::shared_ptr<void> holdFile(const QFile &file)
+bool NewFile::create(const QString &path)
 {
-    // It shares everything, so that the file can be moved. Qt's own handle does not share the right
-    // to delete, and thus keeps the file until this one is open.
-    const HANDLE handle = CreateFileW(wide(longPath(file.fileName())), GENERIC_READ,
-        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING, 0, nullptr);
-    if (handle == INVALID_HANDLE_VALUE)
-        return {};
-    return {handle, HandleCloser()};
+    // It shares everything, so that it can be moved. That it is open at all keeps it.
+    const HANDLE file = CreateFileW(wide(longPath(path)), GENERIC_WRITE,
+        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, CREATE_NEW, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return false;
+    m_path = path;
+    m_file = reinterpret_cast<std::intptr_t>(file);
+    return true;
+}
+
+bool NewFile::write(const QByteArray &data)
+{
+    constexpr qsizetype Most = 1 << 30;
+    for (qsizetype done = 0; done < data.size();) {
+        DWORD count = 0;
+        const auto size = static_cast<DWORD>(qMin(data.size() - done, Most));
+        if (!WriteFile(
+                reinterpret_cast<HANDLE>(m_file), data.constData() + done, size, &count, nullptr)
+            || count == 0)
+            return false;
+        done += count;
+    }
+    return true;
+}
+
+bool NewFile::open(QFile &device) const
+{
+    device.setFileName(m_path);
+    return device.open(QIODevice::WriteOnly | QIODevice::ExistingOnly);
+}
+
+bool NewFile::moveTo(const QString &path)
+{
+    if (!MoveFileExW(wide(longPath(m_path)), wide(longPath(path)), MOVEFILE_REPLACE_EXISTING))
+        return false;
+    m_path.clear();
+    return true;
 }
 
 void removeAbandonedFile(const QString &path)
 {
-    // Sharing nothing, it fails while anybody has the file open.
+    // Sharing nothing, this fails while anybody has the file open.
     const Handle file(CreateFileW(wide(longPath(path)), DELETE, 0, nullptr, OPEN_EXISTING,
         FILE_FLAG_DELETE_ON_CLOSE, nullptr));
 }
