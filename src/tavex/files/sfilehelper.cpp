@@ -36,7 +36,7 @@ bool copyOpen(QIODevice *target, QIODevice *source, quint64 bufferSize)
     constexpr int Pause = 1;
     constexpr int MaxPauses = 30000;
 
-    const std::unique_ptr<char[]> chunk(new (std::nothrow) char[qMax(bufferSize, quint64(1))]);
+    const std::unique_ptr<char[]> chunk(new (std::nothrow) char[bufferSize]);
     int pauses = 0;
     while (!source->atEnd()) {
         if (!chunk || bufferSize == 0 || !source->isReadable() || !target->isWritable())
