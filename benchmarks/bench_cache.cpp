@@ -43,7 +43,7 @@ double processorSeconds()
 class Ours
 {
 public:
-    Ours(const QString &folder, int limit)
+    Ours(const QString &folder, int limit, qsizetype)
         : m_cache(QString(), folder)
     {
         for (int i = 0; i < limit; ++i)
@@ -62,14 +62,12 @@ class Files
 {
 public:
     Files(const QString &folder, int limit, qsizetype size)
-        : m_new((folder + QStringLiteral("/files/new")).toStdString())
+        : m_new((folder + QStringLiteral("/new")).toStdString())
         , m_data(size, '\0')
     {
-        require(QDir(folder).mkdir(QStringLiteral("files")), "making a folder");
         for (int i = 0; i < limit; ++i)
             m_paths.push_back(
-                (folder + QStringLiteral("/files/%1").arg(i, 64, 16, QLatin1Char('0')))
-                    .toStdString());
+                QStringLiteral("%1/%2").arg(folder).arg(i, 64, 16, QLatin1Char('0')).toStdString());
     }
     bool put(int i, const QByteArray &data) const
     {
@@ -96,7 +94,7 @@ private:
 class Sqlite
 {
 public:
-    explicit Sqlite(const QString &folder)
+    Sqlite(const QString &folder, int, qsizetype)
     {
         require(sqlite3_open(QFile::encodeName(folder + QStringLiteral("/sqlite")), &m_base) == 0
                 && sqlite3_exec(m_base,
@@ -142,7 +140,7 @@ private:
 class Lmdb
 {
 public:
-    explicit Lmdb(const QString &folder)
+    Lmdb(const QString &folder, int, qsizetype)
     {
         const QByteArray path = QFile::encodeName(folder + QStringLiteral("/lmdb"));
         MDB_txn *action = nullptr;
@@ -181,48 +179,84 @@ private:
     MDB_dbi m_table = 0;
 };
 
-/// Puts \a count keys, new ones every time, and takes the time for one. Nothing is taken away: for
-/// minutes after many files were deleted, the file system is slower at making some.
+/// A store in use: every key is new. One that is full is deleted and made afresh. That is often
+/// with large values only: for minutes after many files were deleted, the file system is slower at
+/// making some.
 template <typename Store>
-auto putTime(Store &store, const QByteArray &data, int count, int first = 0)
+class Series
 {
-    return [&store, &data, count, next = std::make_shared<int>(first)] {
+public:
+    Series(const QString &folder, int limit, const QByteArray &data)
+        : m_folder(folder)
+        , m_limit(limit)
+        , m_data(data)
+    {
+        renew();
+    }
+
+    /// Puts so many keys and returns the time for one.
+    double put(int count)
+    {
+        if (m_next + count > m_limit)
+            renew();
         bool done = true;
         const double start = processorSeconds();
-        for (const int end = *next + count; *next < end; ++*next)
-            done = store.put(*next, data) && done;
+        for (const int end = m_next + count; m_next < end; ++m_next)
+            done = m_store->put(m_next, m_data) && done;
         const double seconds = processorSeconds() - start;
         require(done, "a put");
         return seconds / count;
-    };
+    }
+
+    QByteArray get(int i) { return m_store->get(i); }
+
+private:
+    void renew()
+    {
+        m_store.reset();
+        require(QDir(m_folder).removeRecursively() && QDir().mkpath(m_folder), "a new folder");
+        m_store = std::make_unique<Store>(m_folder, m_limit, m_data.size());
+        m_next = 0;
+    }
+
+    QString m_folder;
+    int m_limit;
+    QByteArray m_data;
+    std::unique_ptr<Store> m_store;
+    int m_next = 0;
+};
+
+template <typename Store>
+auto putter(Series<Store> &series, int count)
+{
+    return [&series, count] { return series.put(count); };
 }
 
 template <typename Store>
-auto getter(Store &store)
+auto getter(Series<Store> &series)
 {
-    return [&store](int i) { return store.get(i); };
+    return [&series](int i) { return series.get(i); };
 }
 
-void values(
-    const Bench::Topic &topic, const QString &root, const char *sizeName, qsizetype size, int count)
+/// \a count values are put in a round, and as many rounds fill the stores.
+void values(const Bench::Topic &topic, const QString &root, const std::string &sizeName,
+    qsizetype size, int count, int rounds)
 {
-    const QString folder = root + QLatin1Char('/') + QString::fromUtf8(sizeName);
-    require(QDir().mkpath(folder), "making a folder");
+    const QString folder = root + QLatin1Char('/') + QString::fromStdString(sizeName);
     const QByteArray data(size, 'v');
-    const int limit = count * topic.effort().repetitions;
-    Ours ours(folder, limit);
-    Files files(folder, limit, size);
-    Sqlite sqlite(folder);
-    Lmdb lmdb(folder);
-    topic.compareTimes((std::string("put ") + sizeName).c_str(), putTime(ours, data, count),
-        Bench::Peer{"open, write, rename", putTime(files, data, count)},
-        Bench::Peer{"SQLite", putTime(sqlite, data, count)},
-        Bench::Peer{"LMDB", putTime(lmdb, data, count)});
+    const int limit = count * rounds;
+    Series<Ours> ours(folder + QStringLiteral("/ours"), limit, data);
+    Series<Files> files(folder + QStringLiteral("/files"), limit, data);
+    Series<Sqlite> sqlite(folder + QStringLiteral("/sqlite"), limit, data);
+    Series<Lmdb> lmdb(folder + QStringLiteral("/lmdb"), limit, data);
+    topic.compareTimes(("put " + sizeName).c_str(), putter(ours, count),
+        Bench::Peer{"open, write, rename", putter(files, count)},
+        Bench::Peer{"SQLite", putter(sqlite, count)}, Bench::Peer{"LMDB", putter(lmdb, count)});
 
     std::vector<int> keys;
     for (int i = 0; i < count; ++i)
         keys.push_back(i);
-    topic.compare((std::string("get ") + sizeName).c_str(), keys, getter(ours),
+    topic.compare(("get " + sizeName).c_str(), keys, getter(ours),
         Bench::Peer{"open, read, close", getter(files)}, Bench::Peer{"SQLite", getter(sqlite)},
         Bench::Peer{"LMDB", getter(lmdb)});
 }
@@ -235,23 +269,21 @@ void manyKeys(const Bench::Topic &topic, const QString &root, int count)
     constexpr int Steps = 20;
     const int added = Steps * topic.effort().repetitions;
     const QByteArray data(100, 'v');
-    Ours few(root, Few + added);
-    Ours many(root, count + added);
-    const auto put = [&](Ours &store, int keys) {
-        putTime(store, data, keys)();
-        return putTime(store, data, Steps, keys);
-    };
-    const auto get = [](const Ours &store, int keys) {
-        return [&store, keys] {
+    Series<Ours> few(root + QStringLiteral("/few"), Few + added, data);
+    Series<Ours> many(root + QStringLiteral("/many"), count + added, data);
+    few.put(Few);
+    many.put(count);
+    const auto get = [](Series<Ours> &series, int keys) {
+        return [&series, keys] {
             const double start = processorSeconds();
             for (int i = 0; i < 10 * Steps; ++i)
-                require(!store.get(int(i * qint64{7919} % keys)).isEmpty(), "a get");
+                require(!series.get(int(i * qint64{7919} % keys)).isEmpty(), "a get");
             return (processorSeconds() - start) / (10 * Steps);
         };
     };
     const std::string name = ", " + std::to_string(count) + " keys";
-    topic.compareTimes(("put" + name).c_str(), put(many, count),
-        Bench::Yardstick{"(from 10 keys)", put(few, Few)});
+    topic.compareTimes(("put" + name).c_str(), putter(many, Steps),
+        Bench::Yardstick{"(from 10 keys)", putter(few, Steps)});
     topic.compareTimes(
         ("get" + name).c_str(), get(many, count), Bench::Yardstick{"(10 keys)", get(few, Few)});
 }
@@ -261,13 +293,14 @@ void cache(const Bench::Topic &topic)
     // Beside the program, since folders for temporary files often are in memory.
     const QTemporaryDir folder(
         QCoreApplication::applicationDirPath() + QStringLiteral("/cache-XXXXXX"));
-    const bool isQuick = topic.effort().repetitions < 10;
+    const int rounds = topic.effort().repetitions;
+    const bool isQuick = rounds < 10;
     const int some = isQuick ? 20 : 200;
-    values(topic, folder.path(), "100 B", 100, some);
-    values(topic, folder.path(), "4 KiB", 4 << 10, some);
-    values(topic, folder.path(), "64 KiB", 64 << 10, some / 4);
-    values(topic, folder.path(), "1 MiB", 1 << 20, 10);
-    values(topic, folder.path(), "16 MiB", 16 << 20, 1);
+    values(topic, folder.path(), "100 B", 100, some, rounds);
+    values(topic, folder.path(), "4 KiB", 4 << 10, some, rounds);
+    values(topic, folder.path(), "64 KiB", 64 << 10, some / 4, rounds);
+    values(topic, folder.path(), "1 MiB", 1 << 20, isQuick ? 5 : 20, 1);
+    values(topic, folder.path(), "16 MiB", 16 << 20, isQuick ? 1 : 2, 1);
     manyKeys(topic, folder.path(), isQuick ? 1000 : 100000);
 }
 
