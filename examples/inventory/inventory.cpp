@@ -84,7 +84,7 @@ Examination::Examination(const QString &folder, const QList<FoundFile> &files, S
     , m_files(files)
     , m_slices(slices(files))
     , m_cache(cache)
-    , m_progress(int(m_slices.size()))
+    , m_progress(m_slices.empty() ? 0 : m_slices.back().firstPart + m_slices.back().parts)
     , m_records(std::size_t(files.size()))
     , m_working(std::min(SThreading::defaultConcurrence(), int(m_slices.size())))
 {
@@ -100,19 +100,25 @@ Examination::~Examination()
     m_threads.clear();
 }
 
-/// Slices of about the same weight, so that the pool's mean is the progress of the whole.
 std::vector<Examination::Slice> Examination::slices(const QList<FoundFile> &files)
 {
     constexpr int Most = 200;
     qint64 total = 0;
     for (const FoundFile &file : files)
         total += weight(file);
+    const qint64 share = total / Most + 1;
     std::vector<Slice> slices;
     for (qsizetype i = 0; i < files.size(); ++i) {
-        if (slices.empty() || slices.back().weight >= total / Most)
-            slices.push_back({i, i, 0});
+        if (slices.empty() || slices.back().weight + weight(files.at(i)) > share)
+            slices.push_back({.begin = i});
         slices.back().end = i + 1;
         slices.back().weight += weight(files.at(i));
+    }
+    int parts = 0;
+    for (Slice &slice : slices) {
+        slice.firstPart = parts;
+        slice.parts = int(std::max<qint64>(1, slice.weight / share));
+        parts += slice.parts;
     }
     return slices;
 }
@@ -139,20 +145,27 @@ void Examination::work()
         const std::size_t slice = m_nextSlice++;
         if (slice >= m_slices.size() || m_progress.isAborted())
             break;
-        examineSlice(m_slices[slice], *m_progress.at(int(slice)));
+        examineSlice(m_slices[slice]);
     }
     const std::lock_guard lock(m_mutex);
     --m_working;
     m_ready.notify_one();
 }
 
-void Examination::examineSlice(const Slice &slice, SProgress &progress)
+void Examination::examineSlice(const Slice &slice)
 {
     qint64 done = 0;
+    int part = 0;
     const Advance advance = [&](qint64 weight) {
         done += weight;
-        progress.setProgress(int(100 * done / slice.weight));
-        return !progress.isAborted();
+        for (qint64 percent = 100 * slice.parts * done / slice.weight - 100 * part;;
+             percent -= 100) {
+            m_progress.at(slice.firstPart + part)->setProgress(int(std::min<qint64>(percent, 100)));
+            if (percent < 100 || part == slice.parts - 1)
+                break;
+            ++part;
+        }
+        return !m_progress.isAborted();
     };
     for (qsizetype i = slice.begin; i < slice.end && advance(OpeningWeight); ++i) {
         std::optional<FileRecord> record = examine(m_files.at(i), advance);

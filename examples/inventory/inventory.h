@@ -60,17 +60,19 @@ public:
     [[nodiscard]] qint64 bytesLeft() const { return m_bytesLeft; }
 
 private:
-    /// Some neighbouring files, with a progress of their own.
+    /// Neighbouring files that one thread takes.
     struct Slice
     {
-        qsizetype begin;
-        qsizetype end;
-        qint64 weight;
+        qsizetype begin = 0;
+        qsizetype end = 0;
+        qint64 weight = 0;
+        int firstPart = 0; ///< The parts of the progress that are theirs,
+        int parts = 1;     ///< in number like their weight.
     };
     static std::vector<Slice> slices(const QList<FoundFile> &files);
 
     void work();
-    void examineSlice(const Slice &slice, Quorvex::SProgress &progress);
+    void examineSlice(const Slice &slice);
     /// Adds so much weight to what is done; false if the work has been stopped.
     using Advance = std::function<bool(qint64)>;
     std::optional<FileRecord> examine(const FoundFile &found, const Advance &advance);
