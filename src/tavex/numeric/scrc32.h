@@ -140,7 +140,7 @@ public:
 
 private:
     using Tables = std::array<std::array<uint, 256>, 8>;
-    friend class SCrc32Tables;
+    friend class SCrc32Work;
 
     uint update(uint crc, QByteArrayView data) noexcept
     {
