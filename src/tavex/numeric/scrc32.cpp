@@ -26,7 +26,7 @@ public:
             words[i] = s_words[i].load(std::memory_order_acquire);
         auto constants = std::bit_cast<FoldConstants>(words);
         if (before % 2 == 0 && s_sequence.load(std::memory_order_relaxed) == before
-            && constants.barrett.low == (quint64(1) << 32 | polynomial))
+            && constants.barrett.low == polynomial && before != 0)
             return constants;
 
         constants = Crc32::computeFoldConstants(polynomial);
@@ -174,6 +174,12 @@ private:
             const uint b = qFromBigEndian<uint>(bytes + 4);
             crc = t[7][a >> 24] ^ t[6][a >> 16 & 0xFF] ^ t[5][a >> 8 & 0xFF] ^ t[4][a & 0xFF]
                 ^ t[3][b >> 24] ^ t[2][b >> 16 & 0xFF] ^ t[1][b >> 8 & 0xFF] ^ t[0][b & 0xFF];
+        }
+        if (length >= 4) {
+            const uint a = crc ^ qFromBigEndian<uint>(bytes);
+            crc = t[3][a >> 24] ^ t[2][a >> 16 & 0xFF] ^ t[1][a >> 8 & 0xFF] ^ t[0][a & 0xFF];
+            length -= 4;
+            bytes += 4;
         }
         for (; length > 0; --length, ++bytes)
             crc = crc << 8 ^ t[0][crc >> 24 ^ *bytes];

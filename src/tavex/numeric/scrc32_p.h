@@ -26,8 +26,7 @@ struct FoldConstants
     std::array<Factors, 5> fold; ///< To go on by 128, 256, 512, 1024 and 2048 bits.
     /// Bring each 128 of the last 512 bits to the end of the data and 32 bits beyond it.
     std::array<Factors, 4> last;
-    Factors barrett; ///< P and the quotient of x^64 by P.
-    Factors x64; ///< x^64 modulo P, and 0.
+    Factors barrett; ///< P and the quotient of x^96 by P, both without their first terms.
 };
 
 /// The constants of x^32 + \a polynomial. Multiply is constructed from the Barrett factors and
@@ -35,28 +34,29 @@ struct FoldConstants
 template <typename Multiply>
 [[gnu::always_inline]] constexpr FoldConstants foldConstants(uint polynomial) noexcept
 {
-    // Divides x^64, two bits in a step.
+    // Divides x^96, two bits in a step.
     const uint topBit = polynomial >> 31;
     const uint x33 = polynomial << 1 ^ (polynomial & (0 - topBit));
-    uint quotient = 0;
-    uint x64 = polynomial;
-    for (int step = 0; step < 16; ++step) {
-        const uint high = x64 >> 31;
-        const uint low = x64 >> 30 & 1;
+    quint64 quotient = 0;
+    uint power = polynomial;
+    uint x64 = 0;
+    for (int step = 0; step < 32; ++step) {
+        if (step == 16)
+            x64 = power;
+        const uint high = power >> 31;
+        const uint low = power >> 30 & 1;
         quotient = quotient << 2 | high << 1 | (low ^ (high & topBit));
-        x64 = x64 << 2 ^ (x33 & (0 - high)) ^ (polynomial & (0 - low));
+        power = power << 2 ^ (x33 & (0 - high)) ^ (polynomial & (0 - low));
     }
-    constexpr quint64 Top = quint64(1) << 32;
     FoldConstants constants{};
-    constants.barrett = {Top | polynomial, Top | quotient};
-    constants.x64 = {x64, 0};
+    constants.barrett = {polynomial, quotient};
     const Multiply multiply(constants.barrett);
-    uint power = x64;
+    const uint x96 = power;
+    power = x64;
     for (Factors &factors : constants.fold) {
         power = multiply(power, power);
         factors = {power, multiply(power, x64)};
     }
-    const uint x96 = multiply(x64, polynomial);
     const auto x128 = static_cast<uint>(constants.fold[0].low);
     const auto x256 = static_cast<uint>(constants.fold[1].low);
     const auto last = [&](uint x) { return Factors{multiply(x, polynomial), multiply(x, x96)}; };

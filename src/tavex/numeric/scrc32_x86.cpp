@@ -44,21 +44,16 @@ TAVEX_TARGET_128 inline __m128i fold(__m128i v, __m128i factors, __m128i next) n
             _mm_clmulepi64_si128(v, factors, 0x00), _mm_clmulepi64_si128(v, factors, 0x11)));
 }
 
-/// The remainder of the lower 64 bits of \a v, by the quotient (Barrett). It is exact: nothing is
-/// carried, so what is cut off has no part in the quotient.
-TAVEX_TARGET_128 inline uint reduce64(__m128i v, __m128i barrett) noexcept
+/// The remainder of the 96 bits \a v, by the quotient (Barrett). It is exact: nothing is carried,
+/// so what is cut off has no part in the quotient. The first term of the inverse is added apart,
+/// and that of the divisor has no part in the remainder.
+TAVEX_TARGET_128 inline uint reduce96(__m128i v, __m128i barrett) noexcept
 {
+    const __m128i top = _mm_srli_si128(v, 4);
     const __m128i quotient =
-        _mm_srli_epi64(_mm_clmulepi64_si128(_mm_srli_epi64(v, 32), barrett, 0x10), 32);
+        _mm_xor_si128(top, _mm_srli_si128(_mm_clmulepi64_si128(top, barrett, 0x10), 8));
     return static_cast<uint>(
         _mm_cvtsi128_si32(_mm_xor_si128(v, _mm_clmulepi64_si128(quotient, barrett, 0x00))));
-}
-
-/// The remainder of the lower 96 bits of \a v.
-TAVEX_TARGET_128 inline uint reduce96(const FoldConstants &constants, __m128i v) noexcept
-{
-    const __m128i x64 = load(constants.x64);
-    return reduce64(_mm_xor_si128(_mm_clmulepi64_si128(v, x64, 0x01), v), load(constants.barrett));
 }
 
 /// Goes on from \a v with \a length bytes, which at least 16 others precede.
@@ -84,9 +79,9 @@ TAVEX_TARGET_128 inline uint reduce96(const FoldConstants &constants, __m128i v)
             top, by128, _mm_blendv_epi8(_mm_shuffle_epi8(v, up), load(data + length - 16), up));
     }
     // The lower half stays as it is, 32 bits further up.
-    return reduce96(constants,
-        _mm_xor_si128(_mm_clmulepi64_si128(v, load(constants.last[3]), 0x11),
-            _mm_slli_si128(_mm_move_epi64(v), 4)));
+    return reduce96(_mm_xor_si128(_mm_clmulepi64_si128(v, load(constants.last[3]), 0x11),
+                        _mm_slli_si128(_mm_move_epi64(v), 4)),
+        load(constants.barrett));
 }
 
 TAVEX_TARGET_128 uint fold128(
@@ -199,8 +194,8 @@ TAVEX_TARGET_512 uint fold512(
     a = fold(a, _mm512_loadu_si512(constants.last.data()), _mm512_setzero_si512());
     const __m256i half =
         _mm512_maskz_extracti64x4_epi64(All, a, 0) ^ _mm512_maskz_extracti64x4_epi64(All, a, 1);
-    const uint result =
-        reduce96(constants, _mm256_castsi256_si128(half) ^ _mm256_extracti128_si256(half, 1));
+    const uint result = reduce96(
+        _mm256_castsi256_si128(half) ^ _mm256_extracti128_si256(half, 1), load(constants.barrett));
     // Code for SSE that runs after this would be slow if the upper parts of the registers were not
     // 0.
     _mm256_zeroupper();
@@ -216,7 +211,7 @@ public:
     }
     TAVEX_TARGET_128 inline uint operator()(uint a, uint b) const noexcept
     {
-        return reduce64(_mm_clmulepi64_si128(_mm_cvtsi32_si128(static_cast<int>(a)),
+        return reduce96(_mm_clmulepi64_si128(_mm_cvtsi32_si128(static_cast<int>(a)),
                             _mm_cvtsi32_si128(static_cast<int>(b)), 0x00),
             load(m_barrett));
     }
