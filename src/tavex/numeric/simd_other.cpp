@@ -1,6 +1,7 @@
 // What stands in for the vector code where there is none: neither ways to fold nor lanes.
 
 #include <tavex/numeric/scrc32_p.h>
+#include <tavex/numeric/srandom_p.h>
 
 namespace Quorvex {
 
@@ -12,6 +13,11 @@ std::span<const Crc32::Fold> Crc32::folds() noexcept
 Crc32::FoldConstants Crc32::computeFoldConstants(uint polynomial) noexcept
 {
     return foldConstants<SlowMultiply>(polynomial);
+}
+
+std::span<const RandomLanes::Fill> RandomLanes::fills() noexcept
+{
+    return {};
 }
 
 } // namespace Quorvex

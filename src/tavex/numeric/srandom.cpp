@@ -1,5 +1,7 @@
 #include <tavex/numeric/srandom.h>
 
+#include <tavex/numeric/srandom_p.h>
+
 #include <QDateTime>
 #include <QtEndian>
 
@@ -288,24 +290,63 @@ double SRandom::nextDouble(double min, double max) noexcept
     return min == max ? min : std::fmod(nextDouble(), max - min) + min;
 }
 
+void SRandom::fillWords(char *out, qsizetype count) noexcept
+{
+    static const std::span<const RandomLanes::Fill> fills = RandomLanes::fills();
+
+    const auto serially = [&] {
+        const quint32 bytes = qToLittleEndian(static_cast<quint32>(next()));
+        std::memcpy(out, &bytes, sizeof bytes);
+        out += sizeof bytes;
+        --count;
+    };
+    // Lanes could not leave a state that the modulus divides.
+    while (count > 0 && m_state % Modulus == 0)
+        serially();
+    if (!fills.empty()) {
+        constexpr std::size_t Steps = RandomLanes::StreamedAlignment / sizeof(quint32);
+        for (std::size_t i = 0; i < Steps && count > RandomLanes::StreamedCount
+             && !RandomLanes::isStreamed(out, count);
+             ++i)
+            serially();
+        const qsizetype written = fills.front()(m_state, out, count);
+        out += written * qsizetype(sizeof(quint32));
+        count -= written;
+    }
+    while (count > 0)
+        serially();
+}
+
 void SRandom::fill(int *numbers, qsizetype count) noexcept
 {
-    std::generate_n(numbers, count, [this] { return next(); });
+    if constexpr (QSysInfo::ByteOrder == QSysInfo::LittleEndian)
+        fillWords(reinterpret_cast<char *>(numbers), count);
+    else
+        std::generate_n(numbers, count, [this] { return next(); });
 }
 
 void SRandom::fill(double *numbers, qsizetype count) noexcept
 {
-    std::generate_n(numbers, count, [this] { return nextDouble(); });
+    std::array<int, 1024> block;
+    while (count > 0) {
+        const qsizetype size = qMin(count, qsizetype(block.size()));
+        fill(block.data(), size);
+        numbers = std::transform(block.begin(), block.begin() + size, numbers,
+            [](int n) { return n / double(Modulus); });
+        count -= size;
+    }
 }
 
 void SRandom::fillData(char *data, qint64 size, uint seed) noexcept
 {
-    if (!data)
+    if (!data || size <= 0)
         return;
     SRandom random(seed);
-    for (; size > 0; size -= 4, data += 4) {
+    const auto words = static_cast<qsizetype>(size / 4);
+    random.fillWords(data, words);
+    if (const auto rest = static_cast<std::size_t>(size % 4)) {
         const quint32 bytes = qToLittleEndian(static_cast<quint32>(random.next()));
-        std::memcpy(data, &bytes, static_cast<std::size_t>(qMin(size, qint64(4))));
+        std::memcpy(data + words * 4, &bytes, rest);
     }
 }
 

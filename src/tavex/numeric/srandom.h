@@ -77,6 +77,8 @@ private:
     static constexpr quint64 Multiplier = 16807;
     static constexpr uint InPlaceOfZero = 123459876;
 
+    /// Writes \a count numbers, 32 bits each with the lowest first.
+    void fillWords(char *out, qsizetype count) noexcept;
     void fill(int *numbers, qsizetype count) noexcept;
     void fill(double *numbers, qsizetype count) noexcept;
 
