@@ -1,4 +1,5 @@
 #include <tavex/SRandom>
+#include <tavex/numeric/srandom_p.h>
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -8,6 +9,7 @@
 
 using Quorvex::SArray;
 using Quorvex::SRandom;
+namespace RandomLanes = Quorvex::RandomLanes;
 
 namespace {
 
@@ -82,6 +84,15 @@ private Q_SLOTS:
                     const auto value = static_cast<int>(states[size_t(i + 1)]);
                     QVERIFY(list.at(i) == value && reals[i] == value / 2147483647.0);
                 }
+                for (const RandomLanes::Fill fill : RandomLanes::fills()) {
+                    QByteArray bytes(4 * size + 1, 'x');
+                    uint state = seed;
+                    if (seed % Modulus == 0)
+                        break;
+                    const qsizetype count = fill(state, bytes.data() + 1, size);
+                    QVERIFY(count <= size && size - count < 64 && state == states[size_t(count)]);
+                    QVERIFY(bytes.mid(1, 4 * count) == expected.left(4 * count));
+                }
             }
             for (int size = 0; size < 4 * Count - 64; ++size) {
                 QByteArray bytes(4 * Count, 'x');
@@ -99,6 +110,25 @@ private Q_SLOTS:
         SRandom::fillByteArray(nothing, 1);
         SRandom::fillData(nullptr, 8, 1);
         SRandom::fillData(nothing.data(), -8, 1);
+    }
+
+    // Large fills go past the caches, where the place allows it.
+    void largeFills()
+    {
+        QByteArray bytes(4 * RandomLanes::StreamedCount + 4096, 'x');
+        for (const int start : {0, 4, 30, 31, 32}) {
+            const qsizetype size = bytes.size() - start - 3;
+            SRandom::fillData(bytes.data() + start, size, 77);
+            SRandom random(77);
+            bool right = true;
+            int value = 0;
+            for (qsizetype i = 0; i < size; ++i) {
+                if (i % 4 == 0)
+                    value = random.next();
+                right = right && bytes.at(start + i) == char(value >> 8 * (i % 4));
+            }
+            QVERIFY(right && bytes.endsWith("xxx"));
+        }
     }
 
     void ranges()

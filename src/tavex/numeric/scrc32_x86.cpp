@@ -1,5 +1,5 @@
 #include <tavex/numeric/scrc32_p.h>
-#include <tavex/system/scpuinfo.h>
+#include <tavex/numeric/simd_p.h>
 
 #include <QtEndian>
 
@@ -235,14 +235,12 @@ std::span<const Fold> folds() noexcept
 {
     using F = CpuFeatureFlags;
     static constexpr std::array<Fold, 2> all{&fold512, &fold128};
-    const F features = SCpuInfo::features();
-    const auto has = [&](F wanted) { return (features & wanted) == wanted; };
-    if (!has(F::PCLMULQDQ | F::SSE4_1))
+    if (!Simd::has(F::PCLMULQDQ | F::SSE4_1))
         return {};
-    return std::span(all).subspan(
-        has(F::VPCLMULQDQ | F::AVX512F | F::AVX512DQ | F::AVX512BW | F::AVX512VL | F::AVX512_VBMI)
-            ? 0
-            : 1);
+    const bool wide = Simd::HasWideVectors
+        && Simd::has(
+            F::VPCLMULQDQ | F::AVX512F | F::AVX512DQ | F::AVX512BW | F::AVX512VL | F::AVX512_VBMI);
+    return std::span(all).subspan(wide ? 0 : 1);
 }
 
 TAVEX_TARGET_128 FoldConstants computeFoldConstants(uint polynomial) noexcept
