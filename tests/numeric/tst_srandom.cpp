@@ -4,7 +4,6 @@
 #include <QRandomGenerator>
 #include <QTest>
 
-#include <array>
 #include <random>
 
 using Quorvex::SArray;
@@ -62,26 +61,26 @@ private Q_SLOTS:
     // All fills give the serial sequence, whatever the seed, the size and the alignment.
     void fills()
     {
-        constexpr int Count = 301;
+        constexpr qsizetype Count = 301;
         for (const uint seed : seeds()) {
-            std::array<uint, Count + 1> states{seed};
+            QList<uint> states{seed};
             QByteArray expected(4 * Count, '\0');
-            for (int i = 0; i < Count; ++i) {
-                states[size_t(i + 1)] = schrage(states[size_t(i)]);
+            for (qsizetype i = 0; i < Count; ++i) {
+                states.append(schrage(states.at(i)));
                 for (int byte = 0; byte < 4; ++byte)
-                    expected[4 * i + byte] = char(states[size_t(i + 1)] >> 8 * byte);
+                    expected[4 * i + byte] = char(states.at(i + 1) >> 8 * byte);
             }
-            for (int size = 0; size <= Count; ++size) {
+            for (qsizetype size = 0; size <= Count; ++size) {
                 QList<int> list(size);
                 SArray<double> reals(size);
                 SRandom random(seed);
                 SRandom other(seed);
                 random.fill(list);
                 other.fill(reals);
-                const SRandom after(states[size_t(size)]);
+                const SRandom after(states.at(size));
                 QVERIFY2(random == after && other == after, QByteArray::number(seed));
-                for (int i = 0; i < size; ++i) {
-                    const auto value = static_cast<int>(states[size_t(i + 1)]);
+                for (qsizetype i = 0; i < size; ++i) {
+                    const auto value = static_cast<int>(states.at(i + 1));
                     QVERIFY(list.at(i) == value && reals[i] == value / 2147483647.0);
                 }
                 for (const RandomLanes::Fill fill : RandomLanes::fills()) {
@@ -90,13 +89,13 @@ private Q_SLOTS:
                     if (seed % Modulus == 0)
                         break;
                     const qsizetype count = fill(state, bytes.data() + 1, size);
-                    QVERIFY(count <= size && size - count < 64 && state == states[size_t(count)]);
+                    QVERIFY(count <= size && size - count < 64 && state == states.at(count));
                     QVERIFY(bytes.mid(1, 4 * count) == expected.left(4 * count));
                 }
             }
-            for (int size = 0; size < 4 * Count - 64; ++size) {
+            for (qsizetype size = 0; size < 4 * Count - 64; ++size) {
                 QByteArray bytes(4 * Count, 'x');
-                const int start = 1 + size * 7 % 64;
+                const qsizetype start = 1 + size * 7 % 64;
                 SRandom::fillData(bytes.data() + start, size, seed);
                 QVERIFY(bytes.mid(start, size) == expected.left(size));
                 QVERIFY(bytes.at(start - 1) == 'x' && bytes.at(start + size) == 'x');
