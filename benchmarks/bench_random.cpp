@@ -3,6 +3,7 @@
 #include "harness.h"
 
 #include <tavex/SRandom>
+#include <tavex/numeric/srandom_p.h>
 
 #include <QByteArrayView>
 
@@ -73,6 +74,14 @@ void random(const Bench::Topic &topic)
         "std::minstd_rand0", [&](uint seed) { return standardFill(standard, seed); }};
     bytes.resize(1 << 20);
     topic.compare("fillData() 1 MiB", seeds, fillData, peer);
+    if (!RandomLanes::fills().empty()) {
+        // As on a processor that has no more.
+        const auto narrow = [&, fill = RandomLanes::fills().back()](uint seed) {
+            fill(seed, bytes.data(), bytes.size() / 4);
+            return QByteArrayView(bytes);
+        };
+        topic.compare("SSE2 only, 1 MiB", seeds, narrow, peer);
+    }
     bytes.resize(64 << 20);
     standard.resize((64 << 20) / sizeof(int));
     topic.compare("fillData() 64 MiB", seeds, fillData, peer,
