@@ -22,11 +22,12 @@ namespace Quorvex {
 /// result, without a final XOR. With the default polynomial this is CRC-32/MPEG-2: "123456789"
 /// gives 0x0376E6E7.
 ///
-/// The object holds the tables for its polynomial (8 KiB, slicing-by-8: Kounavis and Berry, "A
-/// Systematic Approach to Building High Performance Software-Based CRC Generators", 2005), so keep
-/// one rather than making many of an uncommon polynomial. The tables of DefaultPolynomial,
-/// 0x82608EDB and 0xEDB88320 are ready; others are computed. An object is used by one thread at a
-/// time; the static members may be called from any thread.
+/// Data of some length is folded by carry-less multiplication where the processor has it; else
+/// tables do the work. The object holds the tables for its polynomial (8 KiB, slicing-by-8:
+/// Kounavis and Berry, "A Systematic Approach to Building High Performance Software-Based CRC
+/// Generators", 2005), so keep one rather than making many of an uncommon polynomial. The tables of
+/// DefaultPolynomial, 0x82608EDB and 0xEDB88320 are ready; others are computed. An object is used
+/// by one thread at a time; the static members may be called from any thread.
 ///
 /// Arguments: data that is null feeds nothing. Positions and lengths are counted in bytes and cut
 /// to the array's size; `from` and `to` stand for the bytes from `from` up to but not including
@@ -140,7 +141,7 @@ public:
 
 private:
     using Tables = std::array<std::array<uint, 256>, 8>;
-    friend class SCrc32Tables;
+    friend class SCrc32Work;
 
     uint update(uint crc, QByteArrayView data) noexcept
     {
