@@ -77,8 +77,7 @@ private Q_SLOTS:
             QVERIFY(QFile::exists(QStringLiteral(":/flags/svg/de.svg")));
             QVERIFY(QFile::exists(QStringLiteral(":/HALF_LICENSE")));
             if (use) {
-                const auto useLibrary =
-                    reinterpret_cast<int (*)()>(module.resolve("useLibrary"));
+                const auto useLibrary = reinterpret_cast<int (*)()>(module.resolve("useLibrary"));
                 QVERIFY(useLibrary);
                 QCOMPARE(useLibrary(), 0);
             }

@@ -25,12 +25,11 @@ private Q_SLOTS:
         QCOMPARE(int(numbers->dwFileVersionLS), version.patch() << 16);
 
         const QString versionText = SConvert::toString(version, QLocale::c());
-        for (const auto &[name, text] :
-            {std::pair(L"CompanyName", TavexInfo::company()),
-                {L"FileDescription", TavexInfo::description()},
-                {L"LegalCopyright", TavexInfo::copyright()},
-                {L"InternalName", TavexInfo::moduleName()}, {L"FileVersion", versionText},
-                {L"ProductVersion", versionText}}) {
+        for (const auto &[name, text] : {std::pair(L"CompanyName", TavexInfo::company()),
+                 {L"FileDescription", TavexInfo::description()},
+                 {L"LegalCopyright", TavexInfo::copyright()},
+                 {L"InternalName", TavexInfo::moduleName()}, {L"FileVersion", versionText},
+                 {L"ProductVersion", versionText}}) {
             const std::wstring path = std::wstring(L"\\StringFileInfo\\040904B0\\") + name;
             QVERIFY(VerQueryValueW(record.data(), path.c_str(), &value, &length));
             QCOMPARE(QString::fromWCharArray(static_cast<wchar_t *>(value)), text);
@@ -39,4 +38,4 @@ private Q_SLOTS:
 };
 
 QTEST_GUILESS_MAIN(TestVersionRecord)
-#include "tst_versionrecord.moc"
+#include "tst_versionrecord_win.moc"
