@@ -27,9 +27,10 @@ if(NOT EXISTS ${prefix}/${LIBRARY_FILE})
     message(FATAL_ERROR "The library file is not installed as ${LIBRARY_FILE}")
 endif()
 
+set(headers -DTAVEX_INCLUDE_DIR=${prefix}/include)
 if(TOOLCHAIN_FILE)
     # That the headers stand alone does not depend on the system.
-    build(${CONSUMER_DIR} cmake consumer)
+    build(${CONSUMER_DIR} cmake consumer ${headers})
     set(ENV{WINEPATH} Z:${prefix}/bin)
     run(${EMULATOR} ${WORK_DIR}/cmake/consumer.exe)
 
@@ -42,7 +43,7 @@ if(TOOLCHAIN_FILE)
     endif()
     return()
 endif()
-build(${CONSUMER_DIR} cmake all -DTAVEX_INCLUDE_DIR=${prefix}/include)
+build(${CONSUMER_DIR} cmake all ${headers})
 run(${WORK_DIR}/cmake/consumer)
 
 set(ENV{PKG_CONFIG_PATH} ${prefix}/${LIB_DIR}/pkgconfig)

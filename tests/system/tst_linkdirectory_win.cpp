@@ -40,7 +40,7 @@ int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
     if (QFileInfo(application.applicationFilePath()).baseName() == QLatin1String("cmd")) {
-        const QString line = QString::fromWCharArray(GetCommandLineW());
+        const QString line = QString::fromWCharArray(GetCommandLineW()).simplified();
         QFile log(QCoreApplication::applicationDirPath() + QStringLiteral("/commandline"));
         log.open(QIODevice::Append);
         log.write(line.toUtf8() + '\n');
