@@ -313,6 +313,7 @@ private Q_SLOTS:
             {string("k"), QVariantList{1, QVariantList{QVariantMap{{string("x"), 2.5}}}}},
             {string("l"), QVariantList()}};
         row(map, "", "k: [1, [{x: 2.5}]], l: []");
+        row(QVariantHash{{string("b"), 1}, {string("a"), QVariantHash()}}, "", "a: {}, b: 1");
         row(map, "{json}", "{\"k\":[1,[{\"x\":2.5}]],\"l\":[]}");
     }
     void writes()

@@ -363,6 +363,15 @@ QString SConvert::text(const QVariantMap &value, const QString &format, const QL
     return texts.join(separator(locale));
 }
 
+QString SConvert::text(const QVariantHash &value, const QString &format, const QLocale &locale)
+{
+    // In the order of the keys, so that the text does not change from run to run.
+    QVariantMap sorted;
+    for (auto entry = value.cbegin(); entry != value.cend(); ++entry)
+        sorted.insert(entry.key(), entry.value());
+    return text(sorted, format, locale);
+}
+
 QString SConvert::text(const QVariant &value, const QString &format, const QLocale &locale)
 {
     return variantText(value, format, locale, false);
@@ -382,7 +391,7 @@ QString SConvert::variantText(
             result = text(held, format, locale);
         if (isElement && isList<T>)
             result = u'[' + result + u']';
-        else if (isElement && std::same_as<T, QVariantMap>)
+        else if (isElement && (std::same_as<T, QVariantMap> || std::same_as<T, QVariantHash>))
             result = u'{' + result + u'}';
     };
     if (visit(ScalarTypes(), value, write) || visit(STextTypes(), value, write)

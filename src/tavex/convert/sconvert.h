@@ -4,6 +4,7 @@
 #include <tavex/core/snumber.h>
 #include <tavex/core/sversion.h>
 
+#include <QHash>
 #include <QList>
 #include <QLocale>
 #include <QMap>
@@ -40,7 +41,7 @@ struct STypeList
 /// The types that SConvert::toString() knows beside scalars, enumerations, text and lists. Each has
 /// an overload of SConvert::text(), and may be held in a QVariant.
 using STextTypes = STypeList<QByteArray, QDate, QTime, QDateTime, QUrl, QUuid, QJsonDocument,
-    QJsonObject, QJsonArray, QJsonValue, QVariantMap, QVariant, SVersion>;
+    QJsonObject, QJsonArray, QJsonValue, QVariantMap, QVariantHash, QVariant, SVersion>;
 
 template <typename T>
 inline constexpr bool isTextType =
@@ -345,6 +346,7 @@ private:
     static QString text(const QJsonValue &value, const QString &format, const QLocale &locale);
     static QString text(const QVariantList &value, const QString &format, const QLocale &locale);
     static QString text(const QVariantMap &value, const QString &format, const QLocale &locale);
+    static QString text(const QVariantHash &value, const QString &format, const QLocale &locale);
     static QString text(const QVariant &value, const QString &format, const QLocale &locale);
     static QString text(const SVersion &value, const QString &format, const QLocale &locale);
 

@@ -41,7 +41,7 @@ SMetadatable::SMetadatable(IMetadatable *other)
     for (const IMetadata *const value : other ? other->metadataList() : QList<IMetadata *>()) {
         if (auto copy = value ? cloneOf(*value) : nullptr) {
             const quint64 id = copy->id();
-            store(id, copy.release());
+            store(place(id), id, copy.release());
         }
     }
 }
@@ -100,8 +100,8 @@ QList<Interfaces::IMetadata *> SMetadatable::metadataList() const
 
 Interfaces::IMetadata *SMetadatable::metadata(const quint64 &id) const
 {
-    const auto entry = find(id);
-    return entry == m_entries.end() ? nullptr : entry->value.get();
+    const auto entry = place(id);
+    return isAt(entry, id) ? entry->value.get() : nullptr;
 }
 
 void SMetadatable::copyMetadata(const QList<IMetadata *> &list, MetadataFlags mask)
@@ -117,22 +117,21 @@ bool SMetadatable::setMetadata(IMetadata *value, bool takeOwnership)
     if (!value || !isMetadataValid(value))
         return false;
     const quint64 id = value->id();
-    IMetadata *const old = metadata(id);
+    const auto entry = place(id);
+    const IMetadata *const old = isAt(entry, id) ? entry->value.get() : nullptr;
     if (old && value->equalsTo(old)) {
-        const auto entry = place(id);
         if (takeOwnership && value != old && value != entry->spare.get())
             entry->spare.reset(value);
         return true;
     }
     // A stored value that does not even equal itself, such as NaN, stays as well.
     if (value != old) {
-        if (takeOwnership) {
-            store(id, value);
-        } else if (auto copy = cloneOf(*value)) {
-            store(id, copy.release());
-        } else {
-            return false;
+        if (!takeOwnership) {
+            value = cloneOf(*value).release();
+            if (!value)
+                return false;
         }
+        store(entry, id, value);
     }
     onMetadataChanged(id);
     return true;
@@ -141,7 +140,7 @@ bool SMetadatable::setMetadata(IMetadata *value, bool takeOwnership)
 void SMetadatable::removeMetadata(const quint64 &id)
 {
     const auto entry = place(id);
-    if (entry == m_entries.end() || entry->id != id)
+    if (!isAt(entry, id))
         return;
     const Entry removed = std::move(*entry);
     m_entries.erase(entry);
@@ -149,7 +148,7 @@ void SMetadatable::removeMetadata(const quint64 &id)
 
 bool SMetadatable::hasMetadata(const quint64 &id) const
 {
-    return find(id) != m_entries.end();
+    return isAt(place(id), id);
 }
 
 void SMetadatable::onMetadataChanged(const quint64 &) { }
@@ -159,31 +158,38 @@ bool SMetadatable::isMetadataValid(const IMetadata *) const
     return true;
 }
 
-std::vector<SMetadatable::Entry>::const_iterator SMetadatable::find(quint64 id) const
-{
-    const auto entry = std::ranges::lower_bound(m_entries, id, {}, &Entry::id);
-    return entry != m_entries.end() && entry->id == id ? entry : m_entries.end();
-}
-
 /// The entry of \a id, or the place where it belongs.
-std::vector<SMetadatable::Entry>::iterator SMetadatable::place(quint64 id)
+SMetadatable::Entries::const_iterator SMetadatable::place(quint64 id) const
 {
     return std::ranges::lower_bound(m_entries, id, {}, &Entry::id);
 }
 
-/// Puts \a value, which is not the stored one, under \a id and deletes what was there.
-void SMetadatable::store(quint64 id, IMetadata *value)
+SMetadatable::Entries::iterator SMetadatable::place(quint64 id)
 {
-    if (m_entries.capacity() == 0)
-        m_entries.reserve(8);
-    auto entry = place(id);
-    if (entry == m_entries.end() || entry->id != id)
-        entry = m_entries.insert(entry, Entry{id, nullptr, nullptr});
-    if (entry->spare.get() == value)
-        static_cast<void>(entry->spare.release());
-    const std::unique_ptr<IMetadata> spare = std::exchange(entry->spare, nullptr);
-    const std::unique_ptr<IMetadata> old =
-        std::exchange(entry->value, std::unique_ptr<IMetadata>(value));
+    return m_entries.begin() + (std::as_const(*this).place(id) - m_entries.cbegin());
+}
+
+bool SMetadatable::isAt(Entries::const_iterator place, quint64 id) const
+{
+    return place != m_entries.end() && place->id == id;
+}
+
+/// Puts \a value, which is not the stored one, under \a id at its place and deletes what was there.
+void SMetadatable::store(Entries::iterator place, quint64 id, IMetadata *value)
+{
+    if (!isAt(place, id)) {
+        const auto index = place - m_entries.begin();
+        if (m_entries.capacity() == 0)
+            m_entries.reserve(8);
+        m_entries.insert(
+            m_entries.begin() + index, Entry{id, std::unique_ptr<IMetadata>(value), nullptr});
+        return;
+    }
+    if (place->spare.get() == value)
+        static_cast<void>(place->spare.release());
+    // A destructor may look at the container, which then has to be whole.
+    const auto spare = std::exchange(place->spare, nullptr);
+    const auto old = std::exchange(place->value, std::unique_ptr<IMetadata>(value));
 }
 
 } // namespace Quorvex

@@ -54,12 +54,15 @@ private:
         std::unique_ptr<IMetadata> spare; ///< Handed over while it equalled the value.
     };
 
-    [[nodiscard]] std::vector<Entry>::const_iterator find(quint64 id) const;
-    [[nodiscard]] std::vector<Entry>::iterator place(quint64 id);
-    void store(quint64 id, IMetadata *value);
+    using Entries = std::vector<Entry>;
+
+    [[nodiscard]] Entries::const_iterator place(quint64 id) const;
+    [[nodiscard]] Entries::iterator place(quint64 id);
+    [[nodiscard]] bool isAt(Entries::const_iterator place, quint64 id) const;
+    void store(Entries::iterator place, quint64 id, IMetadata *value);
 
     /// Sorted by id. There are few classes, and of this few bytes.
-    std::vector<Entry> m_entries;
+    Entries m_entries;
 };
 
 } // namespace Quorvex

@@ -5,11 +5,6 @@
 
 namespace Quorvex {
 
-SMetaVariant::SMetaVariant(const QVariant &value)
-    : m_value(value)
-{
-}
-
 SMetaVariant::~SMetaVariant() = default;
 
 bool SMetaVariant::isNull() const

@@ -4,6 +4,8 @@
 
 #include <QVariant>
 
+#include <utility>
+
 namespace Quorvex {
 
 /// A metadata value that lives in a QVariant: the base of the library's scalar and list values and
@@ -11,7 +13,10 @@ namespace Quorvex {
 class TAVEX_EXPORT SMetaVariant : public Interfaces::IMetadata
 {
 public:
-    SMetaVariant(const QVariant &value);
+    SMetaVariant(QVariant value)
+        : m_value(std::move(value))
+    {
+    }
     SMetaVariant(const SMetaVariant &) = default;
     SMetaVariant &operator=(const SMetaVariant &) = default;
     ~SMetaVariant() override;

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <tavex/core/export.h>
+
+#include <QFile>
+
+namespace Quorvex {
+
+/// A file that is closed and deleted with its object. It is made, like that of any QFile, when it
+/// is opened.
+class TAVEX_EXPORT STemporaryFile : public QFile
+{
+    Q_OBJECT
+
+public:
+    explicit STemporaryFile(const QString &fileName);
+    STemporaryFile(const QString &fileName, QObject *parent);
+    /// A file with a name of its own in the user's temporary folder.
+    explicit STemporaryFile(QObject *parent = nullptr);
+    Q_DISABLE_COPY_MOVE(STemporaryFile)
+    ~STemporaryFile() override;
+};
+
+} // namespace Quorvex
