@@ -20,7 +20,9 @@ private Q_SLOTS:
         const QDir folder(QCoreApplication::applicationDirPath());
         const QString shell = folder.filePath(QStringLiteral("cmd.exe"));
         const QString log = folder.filePath(QStringLiteral("commandline"));
-        const auto cleanUp = qScopeGuard([&] { QFile::remove(shell) && QFile::remove(log); });
+        const auto remove = [&] { QFile::remove(shell), QFile::remove(log); };
+        remove();
+        const auto cleanUp = qScopeGuard(remove);
         QVERIFY(QFile::copy(QCoreApplication::applicationFilePath(), shell));
 
         const QString link = QStringLiteral("C:/a & b/Größe");
