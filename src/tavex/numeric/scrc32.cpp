@@ -3,7 +3,6 @@
 #include <tavex/numeric/scrc32_p.h>
 
 #include <QIODevice>
-#include <QtEndian>
 
 #include <atomic>
 #include <bit>
@@ -109,17 +108,17 @@ public:
     static uint run(uint polynomial, GetTables tables, std::size_t worthConstants, uint crc,
         const char *data, quint64 length) noexcept
     {
+        if (length < SCrc32::ShortestFold)
+            return SCrc32::slice(tables(), crc, data, length);
         const auto *const bytes = reinterpret_cast<const uchar *>(data);
         const auto size = static_cast<std::size_t>(length);
-        if (size < Crc32::ShortestFold)
-            return slice(tables(), crc, bytes, size);
         const Crc32::Fold fold = fastestFold();
         const Ready *const known = ready(polynomial);
         if (known && fold)
             return fold(known->constants, crc, bytes, size);
         if (fold && size >= worthConstants)
             return foldUncommon(fold, polynomial, crc, bytes, size);
-        return slice(tables(), crc, bytes, size);
+        return SCrc32::slice(tables(), crc, data, length);
     }
 
     explicit SCrc32Work(uint polynomial) noexcept
@@ -167,25 +166,6 @@ private:
         return fold(LatestConstants::get(polynomial), crc, bytes, length);
     }
 
-    static uint slice(const Tables &t, uint crc, const uchar *bytes, std::size_t length) noexcept
-    {
-        for (; length >= 8; length -= 8, bytes += 8) {
-            const uint a = crc ^ qFromBigEndian<uint>(bytes);
-            const uint b = qFromBigEndian<uint>(bytes + 4);
-            crc = t[7][a >> 24] ^ t[6][a >> 16 & 0xFF] ^ t[5][a >> 8 & 0xFF] ^ t[4][a & 0xFF]
-                ^ t[3][b >> 24] ^ t[2][b >> 16 & 0xFF] ^ t[1][b >> 8 & 0xFF] ^ t[0][b & 0xFF];
-        }
-        if (length >= 4) {
-            const uint a = crc ^ qFromBigEndian<uint>(bytes);
-            crc = t[3][a >> 24] ^ t[2][a >> 16 & 0xFF] ^ t[1][a >> 8 & 0xFF] ^ t[0][a & 0xFF];
-            length -= 4;
-            bytes += 4;
-        }
-        for (; length > 0; --length, ++bytes)
-            crc = crc << 8 ^ t[0][crc >> 24 ^ *bytes];
-        return crc;
-    }
-
     const Tables &tables() noexcept
     {
         if (const Ready *const known = ready(m_polynomial))
@@ -211,11 +191,11 @@ SCrc32::SCrc32(uint polynomial) noexcept
 /// From how many bytes on computing the constants of a polynomial pays.
 static constexpr std::size_t WorthConstants = 128;
 
-uint SCrc32::update(uint crc, const char *data, quint64 length) noexcept
+uint SCrc32::advance(uint crc, const char *data, quint64 length) const noexcept
 {
-    return m_value = SCrc32Work::run(
-               m_polynomial, [this]() -> const Tables & { return m_tables; }, WorthConstants, crc,
-               data, data ? length : 0);
+    return SCrc32Work::run(
+        m_polynomial, [this]() -> const Tables & { return m_tables; }, WorthConstants, crc, data,
+        data ? length : 0);
 }
 
 QByteArrayView SCrc32::section(const QByteArray &data, quint64 from, quint64 to) noexcept

@@ -86,10 +86,9 @@ private:
     uint m_polynomial;
 };
 
-/// A way to go on from the register \a crc with \a length bytes, at least ShortestFold.
+/// A way to go on from the register \a crc with \a length bytes, at least 16.
 using Fold = uint (*)(
     const FoldConstants &constants, uint crc, const uchar *data, std::size_t length) noexcept;
-constexpr std::size_t ShortestFold = 16;
 
 /// The ways to fold that this processor has, the fastest first.
 [[nodiscard]] std::span<const Fold> folds() noexcept;
