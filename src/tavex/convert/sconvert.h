@@ -31,9 +31,11 @@ enum class OperatingSystem : quint32;
 template <typename T>
 concept SScalar = SNumber<T> || std::same_as<T, bool>;
 
+/// A list of types.
 template <typename... T>
 struct STypeList
 {
+    /// Whether U is one of them.
     template <typename U>
     static constexpr bool contains = (std::same_as<T, U> || ...);
 };
@@ -163,6 +165,7 @@ class TAVEX_EXPORT SConvert
     };
 
 public:
+    /// @{
     /// Each is called with
     /// - a number or a `bool`: integers wrap around, reals are truncated towards zero and take the
     ///   nearest limit where they do not fit; NaN gives 0;
@@ -183,10 +186,13 @@ public:
         toInt64{};
     static constexpr ToInteger<quint64, qulonglong, &QLocale::toULongLong, &QString::toULongLong>
         toUInt64{};
+    /// @}
 
-    /// As above, without a base.
+    /// @{
+    /// Called as toInt32 and its like, without a base.
     static constexpr ToReal<float, &QLocale::toFloat> toSingle{};
     static constexpr ToReal<double, &QLocale::toDouble> toDouble{};
+    /// @}
 
     /// Whether \a value is not 0; true for NaN.
     template <SScalar N>
@@ -208,6 +214,7 @@ public:
         return fromVariant<bool>(value);
     }
 
+    /// @{
     /// The text of \a value.
     ///
     /// Without a format, numbers are what \a locale makes of them, reals with as many digits as it
@@ -230,6 +237,8 @@ public:
     {
         return text(value, format, locale);
     }
+    /// @}
+    /// @{
     /// Text is returned as it is.
     [[nodiscard]] static QString toString(const QString &value, const QLocale & = QLocale())
     {
@@ -240,12 +249,16 @@ public:
     {
         return value;
     }
+    /// @}
 
+    /// @{
     /// The first version in \a text; the null version if there is none or \a format cannot be used.
     [[nodiscard]] static SVersion toVersion(const QString &text, const QLocale &locale = QLocale());
     [[nodiscard]] static SVersion toVersion(
         const QString &text, const QString &format, const QLocale &locale = QLocale());
+    /// @}
 
+    /// @{
     /// Text is read as above and an SVersion is taken as it is. Other types go through QMetaType's
     /// conversions; the null version if it has none.
     template <std::same_as<QVariant> Variant>
@@ -259,6 +272,7 @@ public:
     {
         return variantToVersion(value, format, locale);
     }
+    /// @}
 
     /// Takes \a value as the packed integer: of an integer the low 32 bits, of a real the part
     /// before the point; a real that does not fit gives the nearest limit, NaN gives 0.
@@ -271,6 +285,7 @@ public:
             return {static_cast<int>(value)};
     }
 
+    /// A variant that holds \a version.
     [[nodiscard]] static QVariant toVariant(const SVersion &version);
 
 private:

@@ -13,18 +13,24 @@
 /// declares the enumeration Bool, its key table Bool_T and its translator Bool_TR. Their
 /// definitions and what happens to them at load follow from one line in core/startup.cpp.
 
+/// \cond
 #define TAVEX_ENUMERATOR(Key, Value) Key = (Value),
 #define TAVEX_ENUM_ROW(Key, Value) {Enum::Key, u"" #Key},
+/// \endcond
 
+/// Declares the enumeration Name and its key table from the table KEYS; followed by a semicolon.
 #define TAVEX_ENUM(Name, Underlying, KEYS)                                                         \
     enum class Name : Underlying { KEYS(TAVEX_ENUMERATOR) };                                       \
+    /** The keys of Name. */                                                                       \
     class TAVEX_EXPORT Name##_T final : public SEnumBase<Name, Underlying>                         \
     {                                                                                              \
     public:                                                                                        \
+        /** The one table, made at first use. */                                                   \
         [[nodiscard]] static const Name##_T &instance();                                           \
         [[nodiscard]] QString name() const override;                                               \
         [[nodiscard]] bool isFlagSet() const override;                                             \
                                                                                                    \
+        /** All values with their keys, in the order of declaration. */                            \
         static constexpr SEnumKey<Name> rows[] = {KEYS(TAVEX_ENUM_ROW)};                           \
                                                                                                    \
     private:                                                                                       \
