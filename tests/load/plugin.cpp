@@ -46,9 +46,13 @@ extern "C" Q_DECL_EXPORT int useLibrary()
     const SMetaListInt16 list(QList<qint16>{1, 2});
     if (static_cast<const SMetaVariant &>(list).value().userType() < QMetaType::User)
         return 8;
+    SProgressPool pool(2);
+    pool.setProgress(40);
+    if (pool.progress() != 40)
+        return 9;
     // Unloading deletes it, or the next round cannot make it.
     const QString name = QStringLiteral("unload%1").arg(QCoreApplication::applicationPid());
     if (!QDir::temp().mkdir(SFileHelper::deleteFolderOnExit(QDir::temp().filePath(name))))
-        return 9;
+        return 10;
     return 0;
 }

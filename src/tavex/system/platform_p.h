@@ -1,7 +1,12 @@
 #pragma once
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
+
+#include <cstdint>
+
+class QFile;
 
 /// \file
 /// What the library needs from the operating system. One source per system, picked by CMake,
@@ -31,6 +36,39 @@ namespace Quorvex::Platform {
 /// Makes \a link, which must not exist yet, a link to the directory \a folder. Waits for up to a
 /// minute where a program has to do it.
 [[nodiscard]] bool linkDirectory(const QString &link, const QString &folder);
+
+/// All that the file at \a path has; empty if it cannot be read to its end.
+[[nodiscard]] QByteArray readFile(const QString &path);
+
+/// A new file that is written under one name and then moved to another, where it appears whole.
+/// Until then removeAbandonedFile() in any process leaves it alone. It is removed if it has not
+/// been moved, unless the process ends first.
+class NewFile
+{
+public:
+    NewFile() = default;
+    Q_DISABLE_COPY_MOVE(NewFile)
+    ~NewFile();
+
+    /// False if there is a file at \a path, or if it cannot be made.
+    [[nodiscard]] bool create(const QString &path);
+
+    [[nodiscard]] bool write(const QByteArray &data);
+
+    /// Opens \a device for writing to it instead. It has to be closed before moveTo().
+    [[nodiscard]] bool open(QFile &device) const;
+
+    /// Puts it in the place of \a path, in one step: whoever opens that meanwhile gets the earlier
+    /// file or this one. False, too, if the system has lost something of what was written.
+    [[nodiscard]] bool moveTo(const QString &path);
+
+private:
+    QString m_path;            ///< Empty if there is nothing to remove.
+    std::intptr_t m_file = -1; ///< The system's own number of the open file.
+};
+
+/// Removes the NewFile at \a path that a process has left there when it was killed.
+void removeAbandonedFile(const QString &path);
 
 [[nodiscard]] bool isKernel64Bit();
 

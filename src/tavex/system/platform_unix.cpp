@@ -10,15 +10,20 @@
 #include <QSysInfo>
 
 #include <cerrno>
+#include <cstdio>
 #include <memory>
+#include <new>
+#include <utility>
 #include <vector>
 
 #include <fcntl.h>
 #include <linux/cdrom.h>
 #include <pwd.h>
 #include <sched.h>
+#include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/mount.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace Quorvex::Platform {
@@ -49,14 +54,33 @@ bool askDiskService(const QString &action, const QString &device)
         && process.exitCode() == 0;
 }
 
-bool openTray(const QString &drive)
+/// An open file; -1 if there is none.
+class Descriptor
 {
-    const int file = open(QFile::encodeName(drive).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (file < 0)
-        return false;
-    const bool done = ioctl(file, CDROMEJECT) == 0;
-    close(file);
-    return done;
+public:
+    Descriptor(const QString &path, int flags, mode_t mode = 0)
+        : m_number(open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, mode))
+    {
+    }
+    Q_DISABLE_COPY_MOVE(Descriptor)
+    ~Descriptor()
+    {
+        if (m_number >= 0)
+            close(m_number);
+    }
+
+    operator int() const noexcept { return m_number; }
+    int release() noexcept { return std::exchange(m_number, -1); }
+
+private:
+    int m_number;
+};
+
+/// Tells by the lock on \a file whether somebody holds it. Where a file system has no locks, every
+/// file seems held.
+bool lock(int file)
+{
+    return flock(file, LOCK_EX | LOCK_NB) == 0;
 }
 
 } // namespace
@@ -109,6 +133,93 @@ bool linkDirectory(const QString &link, const QString &folder)
         return false;
     // A relative text in a link would be taken from the link's own folder.
     return QFile::link(QFileInfo(folder).absoluteFilePath(), link);
+}
+
+QByteArray readFile(const QString &path)
+{
+    const Descriptor file(path, O_RDONLY);
+    const off_t size = lseek(file, 0, SEEK_END); // Half as long as fstat() takes.
+    if (size < 0)
+        return {};
+    try {
+        QByteArray data(size, Qt::Uninitialized);
+        for (off_t done = 0; done < size;) {
+            const ssize_t count =
+                pread(file, data.data() + done, static_cast<std::size_t>(size - done), done);
+            if (count == 0 || (count < 0 && errno != EINTR))
+                return {};
+            done += qMax(count, ssize_t{0});
+        }
+        return data;
+    } catch (const std::bad_alloc &) {
+        return {};
+    }
+}
+
+NewFile::~NewFile()
+{
+    if (!m_path.isEmpty())
+        unlink(QFile::encodeName(m_path).constData());
+    if (m_file >= 0)
+        close(static_cast<int>(m_file));
+}
+
+bool NewFile::create(const QString &path)
+{
+    Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    if (file < 0 || (!lock(file) && errno == EWOULDBLOCK))
+        return false;
+    // removeAbandonedFile() may have found it before it was locked.
+    struct stat status;
+    if (fstat(file, &status) != 0 || status.st_nlink == 0)
+        return false;
+    m_path = path;
+    m_file = file.release();
+    return true;
+}
+
+bool NewFile::write(const QByteArray &data)
+{
+    for (qsizetype done = 0; done < data.size();) {
+        const ssize_t count = ::write(static_cast<int>(m_file), data.constData() + done,
+            static_cast<std::size_t>(data.size() - done));
+        if (count < 0 && errno != EINTR)
+            return false;
+        done += qMax(count, ssize_t{0});
+    }
+    return true;
+}
+
+bool NewFile::open(QFile &device) const
+{
+    return device.open(static_cast<int>(m_file), QIODevice::WriteOnly);
+}
+
+bool NewFile::moveTo(const QString &path)
+{
+    // Some file systems tell only when a file is closed that there was no space for it. Closing a
+    // copy tells the same, and the lock stays.
+    const int copy = fcntl(static_cast<int>(m_file), F_DUPFD_CLOEXEC, 0);
+    if (copy < 0 || close(copy) != 0
+        || rename(QFile::encodeName(m_path).constData(), QFile::encodeName(path).constData()) != 0)
+        return false;
+    m_path.clear();
+    return true;
+}
+
+void removeAbandonedFile(const QString &path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    const Descriptor file(path, O_RDWR | O_NOFOLLOW | O_NONBLOCK);
+    if (file < 0 || !lock(file))
+        return;
+    // By now its writer may have moved it and made another of this name. Under the lock the name
+    // can no longer change hands.
+    struct stat opened;
+    struct stat named;
+    if (fstat(file, &opened) == 0 && lstat(name.constData(), &named) == 0
+        && opened.st_ino == named.st_ino && opened.st_dev == named.st_dev)
+        unlink(name.constData());
 }
 
 bool isKernel64Bit()
@@ -176,7 +287,9 @@ bool ejectVolume(const Volume &volume)
     const bool unmounted =
         umount2(QFile::encodeName(volume.rootPath).constData(), UMOUNT_NOFOLLOW) == 0
         || askDiskService(QStringLiteral("unmount"), volume.device);
-    return unmounted && (openTray(drive) || askDiskService(QStringLiteral("power-off"), drive));
+    return unmounted
+        && (ioctl(Descriptor(drive, O_RDONLY | O_NONBLOCK), CDROMEJECT) == 0
+            || askDiskService(QStringLiteral("power-off"), drive));
 }
 
 } // namespace Quorvex::Platform

@@ -1,6 +1,8 @@
 #include <tavex/system/platform_p.h>
 
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QSettings>
@@ -8,6 +10,7 @@
 #include <array>
 #include <bit>
 #include <memory>
+#include <new>
 #include <vector>
 
 // Windows 7 and later.
@@ -95,6 +98,17 @@ bool control(HANDLE device, DWORD code, void *input = nullptr, DWORD inputSize =
     return DeviceIoControl(device, code, input, inputSize, nullptr, 0, &returned, nullptr);
 }
 
+/// \a path in a form that may have more than 260 characters.
+QString longPath(const QString &path)
+{
+    QString text = QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
+    if (text.startsWith(QLatin1String("\\\\")))
+        text.replace(0, 1, QStringLiteral("\\\\?\\UNC"));
+    else
+        text.prepend(QStringLiteral("\\\\?\\"));
+    return text;
+}
+
 } // namespace
 
 QString commonDataFolder()
@@ -164,6 +178,76 @@ bool linkDirectory(const QString &link, const QString &folder)
     process.start(QIODevice::ReadWrite);
     return process.waitForStarted(Timeout) && process.waitForFinished(Timeout)
         && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+}
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return {};
+    try {
+        QByteArray data(file.size(), Qt::Uninitialized);
+        if (file.read(data.data(), data.size()) != data.size())
+            return {};
+        return data;
+    } catch (const std::bad_alloc &) {
+        return {};
+    }
+}
+
+NewFile::~NewFile()
+{
+    if (!m_path.isEmpty())
+        DeleteFileW(wide(longPath(m_path)));
+    HandleCloser()(reinterpret_cast<HANDLE>(m_file));
+}
+
+bool NewFile::create(const QString &path)
+{
+    // It shares everything, so that it can be moved. That it is open at all keeps it.
+    const HANDLE file = CreateFileW(wide(longPath(path)), GENERIC_WRITE,
+        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, CREATE_NEW, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return false;
+    m_path = path;
+    m_file = reinterpret_cast<std::intptr_t>(file);
+    return true;
+}
+
+bool NewFile::write(const QByteArray &data)
+{
+    constexpr qsizetype Most = 1 << 30;
+    for (qsizetype done = 0; done < data.size();) {
+        DWORD count = 0;
+        const auto size = static_cast<DWORD>(qMin(data.size() - done, Most));
+        if (!WriteFile(
+                reinterpret_cast<HANDLE>(m_file), data.constData() + done, size, &count, nullptr)
+            || count == 0)
+            return false;
+        done += count;
+    }
+    return true;
+}
+
+bool NewFile::open(QFile &device) const
+{
+    device.setFileName(m_path);
+    return device.open(QIODevice::WriteOnly | QIODevice::ExistingOnly);
+}
+
+bool NewFile::moveTo(const QString &path)
+{
+    if (!MoveFileExW(wide(longPath(m_path)), wide(longPath(path)), MOVEFILE_REPLACE_EXISTING))
+        return false;
+    m_path.clear();
+    return true;
+}
+
+void removeAbandonedFile(const QString &path)
+{
+    // Sharing nothing, this fails while anybody has the file open.
+    const Handle file(CreateFileW(wide(longPath(path)), DELETE, 0, nullptr, OPEN_EXISTING,
+        FILE_FLAG_DELETE_ON_CLOSE, nullptr));
 }
 
 bool isKernel64Bit()

@@ -1,0 +1,263 @@
+#include <tavex/cache/snvcache.h>
+
+#include <tavex/files/sfilehelper.h>
+#include <tavex/metadata/iserializable.h>
+#include <tavex/system/platform_p.h>
+
+#include <QCryptographicHash>
+#include <QDataStream>
+#include <QDir>
+#include <QFile>
+#include <QStringBuilder>
+#include <QUuid>
+
+namespace Quorvex {
+namespace {
+
+constexpr int StreamVersion = QDataStream::Qt_5_6;
+constexpr quint64 ChunkSize = 32768;
+constexpr QUuid Magic(0xc0e6a09c, 0xc943, 0x4039, 0x94, 0xb5, 0xcc, 0xae, 0xe6, 0x0e, 0x32, 0xe8);
+
+/// So many files can be on their way in one directory. The names are few, so that what is left of
+/// them is found without listing a directory of many values.
+constexpr int NewFileLimit = 64;
+
+/// No name of a value: that is hexadecimal.
+QString newFilePath(const QString &directory, int number)
+{
+    return directory % QLatin1String("/new-") % QString::number(number);
+}
+
+/// Finds a free name in \a directory.
+bool create(Platform::NewFile &file, const QString &directory)
+{
+    for (int i = 0; i < NewFileLimit; ++i) {
+        if (file.create(newFilePath(directory, i)))
+            return true;
+    }
+    return false;
+}
+
+/// What devices and objects are written to. It remembers a failure that they may overlook: QFile
+/// itself forgets it at the next write.
+class Writer : public QFile
+{
+public:
+    /// False if anything that was written has not arrived.
+    bool finish()
+    {
+        const bool written = flush() && !m_failed;
+        close();
+        return written && error() == NoError;
+    }
+
+protected:
+    qint64 writeData(const char *data, qint64 size) override
+    {
+        const qint64 written = QFile::writeData(data, size);
+        m_failed = m_failed || written < 0 || (written == 0 && size > 0);
+        return written;
+    }
+
+private:
+    bool m_failed = false;
+};
+
+/// Lets \a write write to \a file.
+template <typename Write>
+bool writeTo(Platform::NewFile &file, const Write &write)
+{
+    Writer writer;
+    return file.open(writer) && write(writer) && writer.finish();
+}
+
+/// The same with a stream.
+template <typename Write>
+bool streamTo(Platform::NewFile &file, const Write &write)
+{
+    return writeTo(file, [&](Writer &writer) {
+        QDataStream stream(&writer);
+        stream.setVersion(StreamVersion);
+        return write(stream) && stream.status() == QDataStream::Ok;
+    });
+}
+
+/// SFileHelper::copyDevice(), which takes a source that cannot be opened for an empty one.
+bool copyFrom(QIODevice *source, QIODevice *target)
+{
+    const bool open = !source->isOpen();
+    const bool copied = (!open || source->open(QIODevice::ReadOnly))
+        && SFileHelper::copyDevice(target, source, ChunkSize);
+    if (open)
+        source->close();
+    return copied;
+}
+
+} // namespace
+
+SNvCache::SNvCache(const QString &name, const QString &folder)
+    : m_folder(folder)
+    , m_name(name.isEmpty() ? QUuid::createUuid().toString(QUuid::WithoutBraces) : name)
+{
+    m_valid = QDir(QString()).mkpath(pathName());
+    if (!m_valid)
+        return;
+    for (int i = 0; i < NewFileLimit; ++i)
+        Platform::removeAbandonedFile(newFilePath(pathName(), i));
+    if (!readIndex())
+        m_index.clear();
+}
+
+SNvCache::~SNvCache()
+{
+    if (m_valid)
+        writeIndex();
+}
+
+bool SNvCache::insert(const QString &key, QIODevice *source)
+{
+    return source && store(key, true, [&](Platform::NewFile &file) {
+        return writeTo(file, [&](Writer &writer) { return copyFrom(source, &writer); });
+    });
+}
+
+bool SNvCache::insert(const QString &key, const QByteArray &data)
+{
+    return store(key, true, [&](Platform::NewFile &file) { return file.write(data); });
+}
+
+bool SNvCache::insert(const QString &key, Interfaces::ISerializable *object)
+{
+    return object && store(key, false, [&](Platform::NewFile &file) {
+        return streamTo(file, [&](QDataStream &stream) { return object->write(stream); });
+    });
+}
+
+bool SNvCache::value(const QString &key, QIODevice *target) const
+{
+    if (!m_valid || !target)
+        return false;
+    QFile source(pathName(hash(key)));
+    return copyFrom(&source, target);
+}
+
+bool SNvCache::value(const QString &key, Interfaces::ISerializable *object) const
+{
+    if (!m_valid || !object)
+        return false;
+    QFile file(pathName(hash(key)));
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    QDataStream stream(&file);
+    stream.setVersion(StreamVersion);
+    return object->read(stream);
+}
+
+QByteArray SNvCache::value(const QString &key) const
+{
+    return m_valid ? Platform::readFile(pathName(hash(key))) : QByteArray();
+}
+
+bool SNvCache::remove(const QString &key)
+{
+    if (!m_valid || !removeFile(hash(key)))
+        return false;
+    m_index.remove(key);
+    return true;
+}
+
+void SNvCache::clear()
+{
+    const QStringList all = keys();
+    for (const QString &key : all)
+        remove(key);
+    m_index.clear();
+}
+
+/// Lets \a write write the value's file. \a removeUnopened tells whether the earlier value goes if
+/// there is no file to write.
+template <typename Write>
+bool SNvCache::store(const QString &key, bool removeUnopened, const Write &write)
+{
+    if (!m_valid)
+        return false;
+    const QByteArray digest = hash(key);
+    {
+        Platform::NewFile file;
+        const bool created = create(file, pathName());
+        if (created && write(file) && file.moveTo(pathName(digest))) {
+            m_index.insert(key, digest);
+            return true;
+        }
+        if (!created && !removeUnopened)
+            return false;
+    }
+    (void)removeFile(digest);
+    return false;
+}
+
+/// The digest that names the file of \a key: what the index has wins.
+QByteArray SNvCache::hash(const QString &key) const
+{
+    const auto entry = m_index.constFind(key);
+    if (entry != m_index.constEnd())
+        return *entry;
+    return QCryptographicHash::hash(key.toUtf8(), QCryptographicHash::Sha256);
+}
+
+/// The path of a file in the directory, or its own.
+QString SNvCache::pathName(const QString &fileName) const
+{
+    const QString directory = m_folder % QLatin1Char('/') % m_name;
+    return fileName.isEmpty() ? directory : directory % QLatin1Char('/') % fileName;
+}
+
+QString SNvCache::pathName(const QByteArray &digest) const
+{
+    return m_folder % QLatin1Char('/') % m_name % QLatin1Char('/') % QLatin1String(digest.toHex());
+}
+
+bool SNvCache::removeFile(const QByteArray &digest) const
+{
+    const QString path = pathName(digest);
+    return QFile::remove(path) || !QFile::exists(path);
+}
+
+bool SNvCache::readIndex()
+{
+    QFile file(pathName(QStringLiteral("index")));
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    QDataStream stream(&file);
+    stream.setVersion(StreamVersion);
+    QUuid magic;
+    stream >> magic;
+    if (magic != Magic)
+        return false;
+    // The upper half of what writeIndex() writes, and thus 0: docs/cache.md.
+    qint32 count = 0;
+    stream >> count;
+    for (qint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
+        QString key;
+        QByteArray digest;
+        stream >> key >> digest;
+        if (!digest.isEmpty())
+            m_index.insert(key, digest);
+    }
+    return stream.status() == QDataStream::Ok;
+}
+
+void SNvCache::writeIndex() const
+{
+    Platform::NewFile file;
+    const bool written = create(file, pathName()) && streamTo(file, [&](QDataStream &stream) {
+        stream << Magic << qint64{m_index.size()};
+        for (auto entry = m_index.cbegin(); entry != m_index.cend(); ++entry)
+            stream << entry.key() << entry.value();
+        return true;
+    });
+    if (written)
+        (void)file.moveTo(pathName(QStringLiteral("index")));
+}
+
+} // namespace Quorvex

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <tavex/application/senvironment.h>
+#include <tavex/core/export.h>
+
+#include <QByteArray>
+#include <QHash>
+#include <QStringList>
+
+class QIODevice;
+
+namespace Quorvex {
+namespace Interfaces {
+class ISerializable;
+} // namespace Interfaces
+
+/// A cache that outlives the process: values by key, each in a file of its own, in one directory
+/// (docs/cache.md tells its bytes). Nothing is ever evicted.
+///
+/// A value is written beside its file and then moved over it. Who reads sees the old value or the
+/// new one, never a part, from any cache in any process, also when the writer is killed. Nothing is
+/// synchronised with the disk: after a loss of power values may be cut off or lost.
+///
+/// Several caches may use one directory at a time; each knows the keys of its own insertions only,
+/// and up to 64 may write at the same moment. One object belongs to one thread at a time;
+/// SSafeNvCache is for several.
+class TAVEX_EXPORT SNvCache
+{
+public:
+    /// The cache in the directory "folder/name", which is made with all above it. \a name may have
+    /// separators and "..", and the directory is then what that path means: a name that comes from
+    /// outside has to be checked by the caller. An empty name stands for a new one, made of a UUID.
+    ///
+    /// What was inserted before can be read and removed, but contains(), keys(), count() and
+    /// clear() know only what this object has inserted. What killed processes have left half
+    /// written is removed.
+    explicit SNvCache(const QString &name = QString(),
+        const QString &folder = SEnvironment::getFolder(SpecialFolder::CacheLocation, true));
+    Q_DISABLE_COPY_MOVE(SNvCache)
+    /// Writes the index.
+    ~SNvCache();
+
+    [[nodiscard]] QString folder() const { return m_folder; }
+    [[nodiscard]] QString name() const { return m_name; }
+
+    /// True if there is no directory. All that reads, inserts or removes then returns false.
+    [[nodiscard]] bool isNull() const noexcept { return !m_valid; }
+
+    [[nodiscard]] bool isEmpty() const noexcept { return m_index.isEmpty(); }
+    [[nodiscard]] int count() const noexcept { return static_cast<int>(m_index.size()); }
+    [[nodiscard]] bool contains(const QString &key) const { return m_index.contains(key); }
+    /// In no particular order.
+    [[nodiscard]] QStringList keys() const { return m_index.keys(); }
+
+    /// Keeps what \a source has from its position on, \a data, or what \a object writes to a
+    /// QDataStream of version Qt_5_6. True only if all of it is in the file, and as far as the
+    /// system knows it will stay there.
+    ///
+    /// If it fails, the key's earlier value is gone too; only when no file could be opened for an
+    /// object, it stays. A source that is not open is opened, and closed afterwards.
+    bool insert(const QString &key, QIODevice *source);
+    bool insert(const QString &key, const QByteArray &data);
+    bool insert(const QString &key, Interfaces::ISerializable *object);
+
+    /// Copies the value to \a target, which is opened for that if it is not open, or lets \a object
+    /// read it; false if there is none or if that fails, which may be after a part.
+    bool value(const QString &key, QIODevice *target) const;
+    bool value(const QString &key, Interfaces::ISerializable *object) const;
+    /// The value; empty also if there is none or it cannot be read.
+    [[nodiscard]] QByteArray value(const QString &key) const;
+
+    /// False only if there is a value and it cannot be removed.
+    bool remove(const QString &key);
+
+    /// Removes the values of all keys().
+    void clear();
+
+private:
+    template <typename Write>
+    bool store(const QString &key, bool removeUnopened, const Write &write);
+    [[nodiscard]] QByteArray hash(const QString &key) const;
+    [[nodiscard]] QString pathName(const QString &fileName = QString()) const;
+    [[nodiscard]] QString pathName(const QByteArray &digest) const;
+    [[nodiscard]] bool removeFile(const QByteArray &digest) const;
+    bool readIndex();
+    void writeIndex() const;
+
+    bool m_valid = false;
+    QString m_folder;
+    QString m_name;
+    QHash<QString, QByteArray> m_index; ///< From the keys to the SHA-256 that names their files.
+};
+
+} // namespace Quorvex

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <tavex/progress/sprogress.h>
+
+#include <QList>
+#include <QPointer>
+
+namespace Quorvex {
+
+using Interfaces::IProgress;
+
+/// The progress of a task in equal parts: the mean of its children's, without its fraction. The
+/// children are made with the pool and belong to it. One that is deleted earlier still counts, as
+/// one at 0. Aborting any of them aborts the pool and all others.
+///
+/// The pool and its children share a lock. The pool's signals are emitted under it, so that they
+/// come one at a time and in order, whichever threads change the children.
+// The meta-object knows the second base class by its name as it is written here.
+class TAVEX_EXPORT SProgressPool : public QObject, public IProgress
+{
+    Q_OBJECT
+    Q_INTERFACES(Quorvex::Interfaces::IProgress)
+
+public:
+    /// A pool of \a count children, of none if that is below 1.
+    explicit SProgressPool(int count, QObject *parent = nullptr);
+    /// A pool of one child.
+    explicit SProgressPool(QObject *parent = nullptr);
+    ~SProgressPool() override;
+
+    /// Null if there is no such child or it was deleted.
+    [[nodiscard]] SProgress *at(int index) const;
+    [[nodiscard]] SProgress *first() const;
+    [[nodiscard]] SProgress *last() const;
+
+    /// The number of children that it was made with, and whether that is 0.
+    [[nodiscard]] int count() const;
+    [[nodiscard]] bool isEmpty() const;
+
+public Q_SLOTS:
+    /// Aborts all children, then the pool. Emits aborting() for each child that was not aborted and
+    /// once for the call itself, always after all are aborted.
+    void abort() override;
+    /// Sets the progress of all children, in order; that of the pool follows step by step. Peers
+    /// whose change the pool follows hear of the result only.
+    void setProgress(int value) override;
+
+private Q_SLOTS:
+    void onProgressChanged();
+
+Q_SIGNALS:
+    void reportProgress(qint32 value);
+    void aborting();
+
+private:
+    class Child;
+
+    void finishAbort();
+
+    QList<QPointer<SProgress>> m_children;
+    qint64 m_sum = 0;           ///< Of the living children's progress.
+    int m_followers = 0;        ///< How many calls of setProgress() are running.
+    bool m_isStopping = false;  ///< Whether abort() is aborting the children,
+    int m_postponed = 0;        ///< how often it was called meanwhile,
+    bool m_isAnswering = false; ///< and whether a child's signal is about to call it.
+};
+
+} // namespace Quorvex

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <tavex/core/export.h>
+
+#include <QObject>
+
+#include <atomic>
+
+namespace Quorvex {
+
+/// The outcome of something that succeeds or fails later; the first one that is told stays. It may
+/// be told from any thread.
+class TAVEX_EXPORT SSignalResult : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit SSignalResult(QObject *parent = nullptr);
+
+    [[nodiscard]] bool succeeded() const;
+
+    /// Runs an event loop until finished() is emitted, then returns succeeded(). It only hears of
+    /// what comes after the call: with an outcome already told, it does not return.
+    bool waitResult();
+
+public Q_SLOTS:
+    void success();
+    void failed();
+
+Q_SIGNALS:
+    void finished();
+
+private:
+    void finish(int result);
+
+    std::atomic<int> m_result = -1; ///< Pending; 0: success, 1: failure.
+};
+
+} // namespace Quorvex

@@ -1,0 +1,241 @@
+#include <tavex/SProgressDefaulter>
+#include <tavex/SProgressPool>
+#include <tavex/SSignalResult>
+#include <tavex/SSysInfo>
+#include <tavex/SThreading>
+
+#include <QMetaMethod>
+#include <QTest>
+#include <QThread>
+
+#include <barrier>
+#include <numeric>
+#include <optional>
+#include <thread>
+
+using namespace Quorvex;
+
+namespace {
+
+/// The signals of several reporters in the order in which they come.
+struct Log : QByteArrayList
+{
+    template <typename Reporter>
+    void listen(Reporter *reporter, const QByteArray &name)
+    {
+        QObject::connect(reporter, &Reporter::reportProgress,
+            [this, name](qint32 value) { append(name + QByteArray::number(value)); });
+        QObject::connect(reporter, &Reporter::aborting, [this, name] { append(name); });
+    }
+    [[nodiscard]] QByteArray take() { return std::exchange(*this, Log()).join(' '); }
+};
+
+template <typename... Functions>
+void together(Functions... functions)
+{
+    std::barrier start(sizeof...(functions));
+    const std::jthread threads[] = {std::jthread([&start, functions] {
+        start.arrive_and_wait();
+        functions();
+    })...};
+}
+
+} // namespace
+
+class TestProgress : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void metaObjects()
+    {
+        SProgressPool pool;
+        QByteArray names;
+        for (const QMetaObject *meta : {&SProgress::staticMetaObject, pool.metaObject()}) {
+            for (int i = meta->methodOffset(); i < meta->methodCount(); ++i)
+                names += meta->method(i).name() + meta->method(i).parameterNames().join() + ' ';
+        }
+        QCOMPARE(names,
+            "reportProgressvalue aborting setProgressvalue abort "
+            "reportProgressvalue aborting abort setProgressvalue onProgressChanged ");
+        QVERIFY(pool.first()->qt_metacast("Quorvex::Interfaces::IProgress"));
+        for (QObject *const object : {static_cast<QObject *>(&pool), pool.children().constFirst()})
+            QCOMPARE(qobject_cast<IProgress *>(object), dynamic_cast<IProgress *>(object));
+        QCOMPARE(pool.qt_metacast("IProgress"), static_cast<IProgress *>(&pool));
+        QCOMPARE(pool.first()->metaObject(), &SProgress::staticMetaObject);
+    }
+
+    void follows()
+    {
+        Log log;
+        SProgress a;
+        SProgress b;
+        std::optional<SProgress> c(std::in_place);
+        log.listen(&a, "a");
+        log.listen(&b, "b");
+        log.listen(&*c, "c");
+        for (const int value : {-5, 250, 101, 40})
+            a.setProgress(value);
+        a.abort();
+        a.abort();
+        {
+            const SProgressDefaulter defaulter(&a);
+            a.abort();
+        }
+        QCOMPARE(log.take(), "a100 a40 a a0 a a100");
+
+        QVERIFY(!IProgress::link(&a, &a) && !IProgress::link(nullptr, &a));
+        IProgress::link(&a, &b);
+        IProgress::link(&b, &*c, IProgress::ProgressPeers);
+        a.setProgress(250);
+        a.reset();
+        b.abort();
+        QCOMPARE(log.take(), "c100 b100 c0 b0 a0 a b");
+        IProgress::link(&*c, &a); // a ring
+        c->setProgress(50);
+        QCOMPARE(log.take().split(' ').size(), 3);
+        c.reset();
+        QCOMPARE(a.progressPeers(), QSet<IProgress *>{&b});
+
+        // A slot goes back to a while a is passing its change on.
+        connect(&b, &SProgress::reportProgress,
+            [&a](int value) { value == 10 ? a.setProgress(20) : void(); });
+        a.setProgress(10);
+        QCOMPARE(log.take(), "b10 b20 a20 a20");
+        IProgress::unlink(&b, &a, IProgress::ProgressPeers);
+        a.setProgress(1);
+        QCOMPARE(b.progress(), 20);
+        QCOMPARE(a.abortPeers(), QSet<IProgress *>{&b});
+    }
+
+    void pools()
+    {
+        Log log;
+        SProgressPool pool(4);
+        log.listen(&pool, "p");
+        pool.at(0)->setProgress(100);
+        pool.at(1)->setProgress(50);
+        delete pool.at(1);
+        delete pool.at(2);
+        pool.last()->setProgress(101);
+        pool.setProgress(-1);
+        QCOMPARE(log.take(), "p25 p37 p50 p25 p0");
+        QVERIFY(!pool.at(1) && !pool.at(4) && !pool.at(-1) && pool.count() == 4);
+        SProgressPool empty(0);
+        IProgress::link(&empty, pool.at(0)); // It never follows.
+        pool.setProgress(100);
+        QVERIFY(empty.isEmpty() && !empty.last() && pool.progress() == 50);
+
+        SProgressPool outer(2);
+        SProgressPool inner(3);
+        SProgressPool beside(7);
+        IProgress::link(&inner, outer.at(0));
+        IProgress::link(&inner, &beside);
+        IProgress::link(&beside, beside.at(0));
+        inner.at(2)->setProgress(100);
+        QCOMPARE(inner.progress() + outer.at(0)->progress() + beside.progress(), 99);
+        outer.setProgress(80);
+        QCOMPARE(beside.progress() + inner.at(1)->progress() + outer.progress(), 240);
+        outer.at(1)->abort();
+        QVERIFY(inner.at(2)->isAborted() && beside.at(6)->isAborted());
+    }
+
+    void aborts()
+    {
+        Log log;
+        SProgressPool pool(3);
+        for (int i = 0; i < 3; ++i)
+            log.listen(pool.at(i), QByteArray::number(i));
+        log.listen(&pool, "p");
+        pool.abort();
+        QCOMPARE(log.take(), "p 2 p 1 p 0 p");
+        pool.abort();
+        QCOMPARE(log.take(), "p");
+        for (int i = 0; i < 3; ++i)
+            pool.at(i)->reset();
+        IProgress::link(pool.at(0), pool.at(2));
+        pool.at(1)->abort();
+        QCOMPARE(log.take(), "2 p p 0 p 1");
+
+        int count = 0;
+        const std::unique_ptr<QThread> thread(QThread::create([&count] {
+            SProgressPool wide(100'000);
+            connect(&wide, &SProgressPool::aborting, [&count] { ++count; });
+            wide.abort();
+        }));
+        thread->setStackSize(256 * 1024);
+        thread->start();
+        thread->wait();
+        QCOMPARE(count, 100'001);
+    }
+
+    void stepsOnManyThreads()
+    {
+        SProgressPool pool(8);
+        QList<int> reports;
+        connect(
+            &pool, &SProgressPool::reportProgress, &pool,
+            [&reports](int value) { reports.append(value); }, Qt::DirectConnection);
+        const auto step = [&pool](auto... children) {
+            together([&pool, children] {
+                for (int value = 1; value <= 100; ++value)
+                    pool.at(children)->setProgress(value);
+            }...);
+        };
+        step(0, 1, 2, 3, 4, 5, 6, 7);
+        QList<int> all(100);
+        std::iota(all.begin(), all.end(), 1);
+        QCOMPARE(reports, all);
+        together([&] { step(0); }, [&] { delete pool.at(1); }, [&] { pool.setProgress(80); },
+            [&] { pool.abort(); });
+        pool.at(0)->setProgress(1);
+        QCOMPARE(pool.progress(), (1 + 6 * 80) / 8);
+    }
+
+    void linksOnManyThreads()
+    {
+        for (int round = 0; round < 200; ++round) {
+            std::optional<SProgress> a(std::in_place);
+            std::optional<SProgress> b(std::in_place);
+            SProgress c;
+            SProgressPool p(2);
+            SProgressPool q(2);
+            together([&] { IProgress::link(&*a, &*b), IProgress::link(p.at(0), q.at(1)); },
+                [&] { IProgress::link(&c, &*a), IProgress::link(q.at(0), p.at(1)); },
+                [&] { b->setProgress(5), q.setProgress(6); });
+            together([&] { a->setProgress(10), p.setProgress(20); },
+                [&] { b->setProgress(11), q.setProgress(21); });
+            QCOMPARE(a->progress(), b->progress());
+            QCOMPARE(p.progress(), q.progress());
+            together([&] { a.reset(), p.abort(); }, [&] { b.reset(), q.at(1)->abort(); },
+                [&] { c.setProgress(30), c.abort(); });
+            QVERIFY(c.progressPeers().isEmpty() && p.isAborted() && q.at(0)->isAborted());
+        }
+    }
+
+    void helpers()
+    {
+        SSignalResult result;
+        int outcomes = 0;
+        connect(&result, &SSignalResult::finished, [&outcomes] { ++outcomes; });
+        const auto invoke = [&result](const char *method) {
+            return QMetaObject::invokeMethod(&result, method, Qt::QueuedConnection);
+        };
+        QVERIFY(!result.succeeded() && invoke("success") && result.waitResult());
+        // What there is already does not end a wait, nor does a second outcome.
+        QVERIFY(invoke("failed") && invoke("finished") && result.waitResult());
+        QCOMPARE(outcomes, 2);
+
+        const int all = SSysInfo::cpuCount();
+        QCOMPARE(SThreading::defaultConcurrence(), all);
+        for (const int count : {all + 1, 0, 3, -3}) {
+            SThreading::setDefaultConcurrence(count);
+            QCOMPARE(SThreading::defaultConcurrence(), count > 0 ? count : all);
+        }
+        SThreading::setDefaultConcurrence(ConcurrenceMode(0));
+        QCOMPARE(SThreading::defaultConcurrence(), 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestProgress)
+#include "tst_progress.moc"
