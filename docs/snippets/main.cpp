@@ -14,12 +14,14 @@ int main(int argc, char *argv[])
     QLocale::setDefault(QLocale::c());
     const std::map<QString, void (*)(QTextStream &)> examples{
         {QStringLiteral("application"), application},
+        {QStringLiteral("cache"), cache},
         {QStringLiteral("colour"), colour},
         {QStringLiteral("conversion"), conversion},
         {QStringLiteral("core"), core},
         {QStringLiteral("files"), files},
         {QStringLiteral("metadata"), metadata},
         {QStringLiteral("numbers"), numbers},
+        {QStringLiteral("progress"), progress},
         {QStringLiteral("system"), system},
     };
     const QStringList arguments = QCoreApplication::arguments();
