@@ -45,11 +45,14 @@ struct STypeList
 using STextTypes = STypeList<QByteArray, QDate, QTime, QDateTime, QUrl, QUuid, QJsonDocument,
     QJsonObject, QJsonArray, QJsonValue, QVariantMap, QVariantHash, QVariant, SVersion>;
 
+/// @{
+/// Whether T is an STextType.
 template <typename T>
 inline constexpr bool isTextType =
     SScalar<T> || std::is_enum_v<T> || std::same_as<T, QString> || STextTypes::contains<T>;
 template <typename T>
 inline constexpr bool isTextType<QList<T>> = isTextType<T>;
+/// @}
 
 /// A type whose values SConvert::toString() turns into text.
 template <typename T>

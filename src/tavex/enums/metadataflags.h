@@ -16,6 +16,7 @@ namespace Quorvex {
 /// When the owner of a metadata value is to drop it.
 TAVEX_ENUM(MetadataFlags, qint32, TAVEX_METADATAFLAGS_KEYS);
 
+/// It is a set of flags.
 template <>
 inline constexpr bool isFlagSetType<MetadataFlags> = true;
 

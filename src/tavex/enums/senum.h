@@ -21,7 +21,7 @@
 /// Declares the enumeration Name and its key table from the table KEYS; followed by a semicolon.
 #define TAVEX_ENUM(Name, Underlying, KEYS)                                                         \
     enum class Name : Underlying { KEYS(TAVEX_ENUMERATOR) };                                       \
-    /** The keys of Name. */                                                                       \
+    /** The table of the Name keys. */                                                             \
     class TAVEX_EXPORT Name##_T final : public SEnumBase<Name, Underlying>                         \
     {                                                                                              \
     public:                                                                                        \
