@@ -25,8 +25,8 @@ public:
     /// Whether a component of that name is registered.
     [[nodiscard]] static bool isRegistered(const QString &name);
 
-    /// @{
     /// What was registered with a name; an empty text or the null version for an unknown name.
+    /// @{
     [[nodiscard]] static QString licensePath(const QString &name);
     [[nodiscard]] static QString site(const QString &name);
     [[nodiscard]] static SVersion version(const QString &name);

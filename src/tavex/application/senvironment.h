@@ -38,8 +38,8 @@ public:
     {                                                                                              \
         return getFolder(SpecialFolder::Folder, writable);                                         \
     }
-    /// @{
     /// The same as getFolder() for the folder of that name.
+    /// @{
     TAVEX_FOLDER_SHORTCUT(desktopFolder, DesktopLocation)
     TAVEX_FOLDER_SHORTCUT(documentsFolder, DocumentsLocation)
     TAVEX_FOLDER_SHORTCUT(fontsFolder, FontsLocation)
@@ -66,8 +66,8 @@ public:
     /// @}
 #undef TAVEX_FOLDER_SHORTCUT
 
-    /// @{
     /// Two folders as the registry of Windows lists them for old programs; empty elsewhere.
+    /// @{
     [[nodiscard]] static QString commonApplicationDataFolderLegacy();
     [[nodiscard]] static QString localApplicationDataFolderLegacy();
     /// @}
@@ -78,8 +78,8 @@ public:
     /// The user's name for people, as the account has it; userName() where it has none.
     [[nodiscard]] static QString fullUserName();
 
-    /// @{
     /// The line ending of files of that system: "\r\n", "\n" and, before Mac OS X, "\r".
+    /// @{
     [[nodiscard]] static QString rawWindowsNewLine();
     [[nodiscard]] static QString rawUnixNewLine();
     [[nodiscard]] static QString rawMacNewLine();
@@ -87,8 +87,8 @@ public:
     /// "\n" on every system: \a native changes nothing, so that files are the same everywhere.
     [[nodiscard]] static QString newLine(bool native);
 
-    /// @{
     /// The Qt that the library was built with, and the one that it runs with, which may be newer.
+    /// @{
     [[nodiscard]] static SVersion qtCompiledVersion();
     [[nodiscard]] static QString qtCompiledVersionString();
     [[nodiscard]] static SVersion qtRuntimeVersion();

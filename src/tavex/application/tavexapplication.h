@@ -29,9 +29,9 @@ public:
     static void infoRegister(const QString &applicationName, const QString &organizationName,
         const QString &applicationVersion, const QString &build, const QString &commit);
 
-    /// @{
     /// What infoRegister() was given. The names and the version are those of QCoreApplication,
     /// wherever they were set.
+    /// @{
     [[nodiscard]] static QString applicationName();
     [[nodiscard]] static QString organizationName();
     [[nodiscard]] static QString applicationVersion();
@@ -39,8 +39,8 @@ public:
     [[nodiscard]] static QString applicationCommit();
     /// @}
 
-    /// @{
     /// A text that the library keeps for the application and never looks at.
+    /// @{
     [[nodiscard]] static QString licenseKey();
     static void setLicenseKey(const QString &key);
     /// @}
@@ -53,10 +53,10 @@ public:
     /// path is returned also if that fails.
     static QString createApplicationSubfolders(const QString &base);
 
-    /// @{
     /// The application's folders for data of the user and, with \a common, of all users, created as
     /// by createApplicationSubfolders(). \a writable asks for a folder that can be written to,
     /// otherwise for the first of those that are read; see SEnvironment::getFolder().
+    /// @{
     static QString userApplicationDataFolder(bool writable = true);
     static QString commonApplicationDataFolder(bool common, bool writable = true);
     /// @}

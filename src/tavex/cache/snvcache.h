@@ -57,21 +57,21 @@ public:
     /// The keys that this object has inserted and not removed, in no particular order.
     [[nodiscard]] QStringList keys() const { return m_index.keys(); }
 
-    /// @{
     /// Keeps what \a source has from its position on, \a data, or what \a object writes to a
     /// QDataStream of version Qt_5_6. True only if all of it is in the file, and as far as the
     /// system knows it will stay there.
     ///
     /// If it fails, the key's earlier value is gone too; only when no file could be opened for an
     /// object, it stays. A source that is not open is opened, and closed afterwards.
+    /// @{
     bool insert(const QString &key, QIODevice *source);
     bool insert(const QString &key, const QByteArray &data);
     bool insert(const QString &key, Interfaces::ISerializable *object);
     /// @}
 
-    /// @{
     /// Copies the value to \a target, which is opened for that if it is not open, or lets \a object
     /// read it; false if there is none or if that fails, which may be after a part.
+    /// @{
     bool value(const QString &key, QIODevice *target) const;
     bool value(const QString &key, Interfaces::ISerializable *object) const;
     /// @}

@@ -20,8 +20,8 @@ public:
     {
     }
 
-    /// @{
     /// The function of this name of SNvCache, under the lock.
+    /// @{
     [[nodiscard]] QString folder() const { return locked()->folder(); }
     [[nodiscard]] QString name() const { return locked()->name(); }
     [[nodiscard]] bool isNull() const { return locked()->isNull(); }

@@ -45,8 +45,8 @@ struct STypeList
 using STextTypes = STypeList<QByteArray, QDate, QTime, QDateTime, QUrl, QUuid, QJsonDocument,
     QJsonObject, QJsonArray, QJsonValue, QVariantMap, QVariantHash, QVariant, SVersion>;
 
-/// @{
 /// Whether T is an STextType.
+/// @{
 template <typename T>
 inline constexpr bool isTextType =
     SScalar<T> || std::is_enum_v<T> || std::same_as<T, QString> || STextTypes::contains<T>;
@@ -168,7 +168,6 @@ class TAVEX_EXPORT SConvert
     };
 
 public:
-    /// @{
     /// Each is called with
     /// - a number or a `bool`: integers wrap around, reals are truncated towards zero and take the
     ///   nearest limit where they do not fit; NaN gives 0;
@@ -179,6 +178,7 @@ public:
     ///   conversions; 0 if there is none.
     ///
     /// The 8-bit integers are the low 8 bits of the 16-bit ones: the text "300" gives 44.
+    /// @{
     static constexpr ToInteger<qint8, short, &QLocale::toShort, &QString::toShort> toInt8{};
     static constexpr ToInteger<quint8, ushort, &QLocale::toUShort, &QString::toUShort> toUInt8{};
     static constexpr ToInteger<qint16, short, &QLocale::toShort, &QString::toShort> toInt16{};
@@ -191,8 +191,8 @@ public:
         toUInt64{};
     /// @}
 
-    /// @{
     /// Called as toInt32 and its like, without a base.
+    /// @{
     static constexpr ToReal<float, &QLocale::toFloat> toSingle{};
     static constexpr ToReal<double, &QLocale::toDouble> toDouble{};
     /// @}
@@ -217,7 +217,6 @@ public:
         return fromVariant<bool>(value);
     }
 
-    /// @{
     /// The text of \a value.
     ///
     /// Without a format, numbers are what \a locale makes of them, reals with as many digits as it
@@ -226,6 +225,7 @@ public:
     /// compact; an enumeration is its key. The elements of lists are joined by ", ", or by "; "
     /// where \a locale has a decimal comma. A QVariant of any of these is written as the value that
     /// it holds, unless SVariantConvert has a converter for it; other types through QVariant.
+    /// @{
     template <STextType T>
     [[nodiscard]] static QString toString(const T &value, const QLocale &locale = QLocale())
     {
@@ -241,8 +241,9 @@ public:
         return text(value, format, locale);
     }
     /// @}
-    /// @{
+
     /// Text is returned as it is.
+    /// @{
     [[nodiscard]] static QString toString(const QString &value, const QLocale & = QLocale())
     {
         return value;
@@ -254,16 +255,16 @@ public:
     }
     /// @}
 
-    /// @{
     /// The first version in \a text; the null version if there is none or \a format cannot be used.
+    /// @{
     [[nodiscard]] static SVersion toVersion(const QString &text, const QLocale &locale = QLocale());
     [[nodiscard]] static SVersion toVersion(
         const QString &text, const QString &format, const QLocale &locale = QLocale());
     /// @}
 
-    /// @{
     /// Text is read as above and an SVersion is taken as it is. Other types go through QMetaType's
     /// conversions; the null version if it has none.
+    /// @{
     template <std::same_as<QVariant> Variant>
     [[nodiscard]] static SVersion toVersion(const Variant &value, const QLocale &locale = QLocale())
     {

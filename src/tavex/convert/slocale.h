@@ -21,14 +21,14 @@ public:
     /// The locale that QLocale has for \a name, or Klingon for "tlh" in upper or lower case.
     SLocale(const QString &name, QLocale::NumberOptions options = QLocale::DefaultNumberOptions);
 
-    /// @{
     /// The locale that it stands for.
+    /// @{
     operator QLocale() const { return m_locale; }
     [[nodiscard]] const QLocale &locale() const noexcept { return m_locale; }
     /// @}
 
-    /// @{
     /// The same as the static functions for locale().
+    /// @{
     [[nodiscard]] QString name(bool languageOnly = false) const;
     [[nodiscard]] QString nativeLanguageName() const;
     /// @}

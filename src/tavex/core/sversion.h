@@ -39,14 +39,14 @@ public:
         return *this;
     }
 
-    /// @{
     /// The packed integer.
+    /// @{
     constexpr operator int() const noexcept { return m_value; }
     [[nodiscard]] constexpr int value() const noexcept { return m_value; }
     /// @}
 
-    /// @{
     /// The component, 0 to 255.
+    /// @{
     [[nodiscard]] constexpr int major() const noexcept { return (m_value >> 16) & 0xFF; }
     [[nodiscard]] constexpr int minor() const noexcept { return (m_value >> 8) & 0xFF; }
     [[nodiscard]] constexpr int patch() const noexcept { return m_value & 0xFF; }
@@ -65,16 +65,16 @@ public:
     /// Replaces the patch component and clears bits 24 to 31.
     constexpr void setPatch(int n) noexcept { m_value = int((uint(m_value) & 0xFFFF00) | uint(n)); }
 
-    /// @{
     /// The version that is \a n, which may be negative, further in that component. Carries cross
     /// the borders.
+    /// @{
     [[nodiscard]] constexpr SVersion addMajor(int n) const noexcept { return plus(uint(n) << 16); }
     [[nodiscard]] constexpr SVersion addMinor(int n) const noexcept { return plus(uint(n) << 8); }
     [[nodiscard]] constexpr SVersion addPatch(int n) const noexcept { return plus(uint(n)); }
     /// @}
 
-    /// @{
     /// One patch further.
+    /// @{
     constexpr SVersion &operator++() noexcept { return *this = plus(1); }
     constexpr SVersion operator++(int) noexcept
     {
@@ -83,8 +83,9 @@ public:
         return old;
     }
     /// @}
-    /// @{
+
     /// One patch back.
+    /// @{
     constexpr SVersion &operator--() noexcept { return *this = plus(~0U); }
     constexpr SVersion operator--(int) noexcept
     {
@@ -107,8 +108,8 @@ public:
 
     // Beside a plain number the conversions in both directions would be equally good, so each
     // operator says what it means: sums take packed versions, comparisons compare the packed value.
-    /// @{
     /// Adds or subtracts a packed version.
+    /// @{
     template <SInteger N>
     friend constexpr SVersion operator+(SVersion a, N b) noexcept
     {
@@ -131,8 +132,8 @@ public:
     }
     /// @}
 
-    /// @{
     /// Compares the packed integers; a number stands for a packed integer.
+    /// @{
     friend constexpr bool operator==(const SVersion &, const SVersion &) noexcept = default;
     friend constexpr auto operator<=>(const SVersion &, const SVersion &) noexcept = default;
     template <SNumber N>

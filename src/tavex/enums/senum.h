@@ -13,10 +13,11 @@
 /// declares the enumeration Bool, its key table Bool_T and its translator Bool_TR. Their
 /// definitions and what happens to them at load follow from one line in core/startup.cpp.
 
-/// \cond
+/// One row of a table for TAVEX_ENUM().
+/// @{
 #define TAVEX_ENUMERATOR(Key, Value) Key = (Value),
 #define TAVEX_ENUM_ROW(Key, Value) {Enum::Key, u"" #Key},
-/// \endcond
+/// @}
 
 /// Declares the enumeration Name and its key table from the table KEYS; followed by a semicolon.
 #define TAVEX_ENUM(Name, Underlying, KEYS)                                                         \

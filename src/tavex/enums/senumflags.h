@@ -13,8 +13,8 @@ inline constexpr bool isFlagSetType = false;
 template <typename E>
 concept SFlagSet = std::is_enum_v<E> && isFlagSetType<E>;
 
-/// @{
 /// The operator on the bits.
+/// @{
 template <SFlagSet E>
 [[nodiscard]] constexpr E operator|(E a, E b) noexcept
 {

@@ -13,8 +13,8 @@ class TAVEX_EXPORT STemporaryFile : public QFile
     Q_OBJECT
 
 public:
-    /// @{
     /// The file \a fileName.
+    /// @{
     explicit STemporaryFile(const QString &fileName);
     STemporaryFile(const QString &fileName, QObject *parent);
     /// @}

@@ -17,8 +17,8 @@ public:
     SMetaByteArray &operator=(const SMetaByteArray &) = default;
     ~SMetaByteArray() override;
 
-    /// @{
     /// The bytes.
+    /// @{
     [[nodiscard]] const QByteArray &value() const noexcept { return m_value; }
     operator QByteArray() const { return m_value; }
     /// @}

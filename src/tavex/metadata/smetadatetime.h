@@ -17,8 +17,8 @@ public:
     SMetaDateTime &operator=(const SMetaDateTime &) = default;
     ~SMetaDateTime() override;
 
-    /// @{
     /// The time stamp.
+    /// @{
     [[nodiscard]] const QDateTime &value() const noexcept { return m_value; }
     operator QDateTime() const { return m_value; }
     /// @}

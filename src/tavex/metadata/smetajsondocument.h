@@ -17,8 +17,8 @@ public:
     SMetaJsonDocument &operator=(const SMetaJsonDocument &) = default;
     ~SMetaJsonDocument() override;
 
-    /// @{
     /// The document.
+    /// @{
     [[nodiscard]] const QJsonDocument &value() const noexcept { return m_value; }
     operator QJsonDocument() const { return m_value; }
     /// @}

@@ -6,8 +6,7 @@
 
 namespace Quorvex {
 
-/// \cond
-// Declares the class Name, which holds a QList of T; see TAVEX_META_SCALAR.
+/// Declares the class Name, which holds a QList of T; see TAVEX_META_SCALAR.
 #define TAVEX_META_LIST(Name, T)                                                                   \
     class TAVEX_EXPORT Name : public SMetaVariant                                                  \
     {                                                                                              \
@@ -22,9 +21,9 @@ namespace Quorvex {
         Name &operator=(const Name &) = default;                                                   \
         ~Name() override;                                                                          \
                                                                                                    \
-        /** @{ */                                                                                  \
         /** What the variant holds, converted by QMetaType if an assignment through SMetaVariant   \
             left something else there. */                                                          \
+        /** @{ */                                                                                  \
         [[nodiscard]] QList<T> value() const;                                                      \
         operator QList<T>() const { return value(); }                                              \
         /** @} */                                                                                  \
@@ -42,7 +41,6 @@ namespace Quorvex {
         /** The id() of every object of the class. */                                              \
         [[nodiscard]] static quint64 uniqueId();                                                   \
     }
-/// \endcond
 
 /// \file
 /// Metadata values of a list of numbers or truth values, or of a single one. Their text is that of

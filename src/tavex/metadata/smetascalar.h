@@ -4,9 +4,9 @@
 
 namespace Quorvex {
 
-/// \cond
-// Declares the class Name, which holds a T. It is a class, not the name of a template's instance,
-// so that its run-time type bears its name, and the library exports it and its virtual table whole.
+/// Declares the class Name, which holds a T. It is a class, not the name of a template's instance,
+/// so that its run-time type bears its name, and the library exports it and its virtual table
+/// whole.
 #define TAVEX_META_SCALAR(Name, T)                                                                 \
     class TAVEX_EXPORT Name : public SMetaVariant                                                  \
     {                                                                                              \
@@ -19,9 +19,9 @@ namespace Quorvex {
         Name &operator=(const Name &) = default;                                                   \
         ~Name() override;                                                                          \
                                                                                                    \
-        /** @{ */                                                                                  \
         /** What the variant holds, converted by QMetaType if an assignment through SMetaVariant   \
             left something else there. */                                                          \
+        /** @{ */                                                                                  \
         [[nodiscard]] T value() const;                                                             \
         operator T() const { return value(); }                                                     \
         /** @} */                                                                                  \
@@ -32,7 +32,6 @@ namespace Quorvex {
         /** The id() of every object of the class. */                                              \
         [[nodiscard]] static quint64 uniqueId();                                                   \
     }
-/// \endcond
 
 /// \file
 /// Metadata values of one number or truth value.

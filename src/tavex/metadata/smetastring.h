@@ -17,8 +17,8 @@ public:
     SMetaString &operator=(const SMetaString &) = default;
     ~SMetaString() override;
 
-    /// @{
     /// The text.
+    /// @{
     [[nodiscard]] QString value() const noexcept { return m_value; }
     operator QString() const { return m_value; }
     /// @}

@@ -22,8 +22,8 @@ public:
     SMetaVariant &operator=(const SMetaVariant &) = default;
     ~SMetaVariant() override;
 
-    /// @{
     /// The variant.
+    /// @{
     [[nodiscard]] const QVariant &value() const noexcept { return m_value; }
     operator QVariant() const { return m_value; }
     /// @}

@@ -59,8 +59,8 @@ public:
     {
         return index >= 0 && index < m_size ? (*this)[index] : T();
     }
-    /// @{
     /// The element at \a index, which has to be one of the array: nothing checks it.
+    /// @{
     [[nodiscard]] T &operator[](qsizetype index) noexcept
     {
         return m_data[static_cast<std::size_t>(index)];
@@ -71,14 +71,14 @@ public:
     }
     /// @}
 
-    /// @{
     /// The elements, which lie one behind the other; null if the array is empty.
+    /// @{
     [[nodiscard]] T *data() noexcept { return m_data.get(); }
     [[nodiscard]] const T *data() const noexcept { return m_data.get(); }
     /// @}
 
-    /// @{
     /// The range of the elements, for loops and algorithms.
+    /// @{
     [[nodiscard]] T *begin() noexcept { return data(); }
     [[nodiscard]] T *end() noexcept { return data() + m_size; }
     [[nodiscard]] const T *begin() const noexcept { return data(); }

@@ -31,22 +31,22 @@ public:
         : m_value(value)
     {
     }
-    /// @{
     /// As Qt's type.
+    /// @{
     constexpr operator QMarginsF() const noexcept { return m_value; }
     [[nodiscard]] constexpr const QMarginsF &value() const noexcept { return m_value; }
     /// @}
 
-    /// @{
     /// One of its numbers.
+    /// @{
     [[nodiscard]] constexpr qreal left() const noexcept { return m_value.left(); }
     [[nodiscard]] constexpr qreal top() const noexcept { return m_value.top(); }
     [[nodiscard]] constexpr qreal right() const noexcept { return m_value.right(); }
     [[nodiscard]] constexpr qreal bottom() const noexcept { return m_value.bottom(); }
     /// @}
 
-    /// @{
     /// Whether all numbers are equal, exactly; false where one is NaN.
+    /// @{
     friend constexpr bool operator==(const SPadding &a, const SPadding &b) noexcept
     {
         return a.left() == b.left() && a.top() == b.top() && a.right() == b.right()

@@ -30,20 +30,20 @@ public:
         : m_value(value)
     {
     }
-    /// @{
     /// As Qt's type.
+    /// @{
     constexpr operator QPointF() const noexcept { return m_value; }
     [[nodiscard]] constexpr const QPointF &value() const noexcept { return m_value; }
     /// @}
 
-    /// @{
     /// One of its numbers.
+    /// @{
     [[nodiscard]] constexpr qreal x() const noexcept { return m_value.x(); }
     [[nodiscard]] constexpr qreal y() const noexcept { return m_value.y(); }
     /// @}
 
-    /// @{
     /// Whether all numbers are equal, exactly; false where one is NaN.
+    /// @{
     friend constexpr bool operator==(const SPointF &a, const SPointF &b) noexcept
     {
         return a.x() == b.x() && a.y() == b.y();

@@ -30,22 +30,22 @@ public:
         : m_value(value)
     {
     }
-    /// @{
     /// As Qt's type.
+    /// @{
     constexpr operator QRectF() const noexcept { return m_value; }
     [[nodiscard]] constexpr const QRectF &value() const noexcept { return m_value; }
     /// @}
 
-    /// @{
     /// One of its numbers.
+    /// @{
     [[nodiscard]] constexpr qreal x() const noexcept { return m_value.x(); }
     [[nodiscard]] constexpr qreal y() const noexcept { return m_value.y(); }
     [[nodiscard]] constexpr qreal width() const noexcept { return m_value.width(); }
     [[nodiscard]] constexpr qreal height() const noexcept { return m_value.height(); }
     /// @}
 
-    /// @{
     /// Whether all numbers are equal, exactly; false where one is NaN.
+    /// @{
     friend constexpr bool operator==(const SRectF &a, const SRectF &b) noexcept
     {
         return a.x() == b.x() && a.y() == b.y() && a.width() == b.width()

@@ -30,20 +30,20 @@ public:
         : m_value(value)
     {
     }
-    /// @{
     /// As Qt's type.
+    /// @{
     constexpr operator QSizeF() const noexcept { return m_value; }
     [[nodiscard]] constexpr const QSizeF &value() const noexcept { return m_value; }
     /// @}
 
-    /// @{
     /// One of its numbers.
+    /// @{
     [[nodiscard]] constexpr qreal width() const noexcept { return m_value.width(); }
     [[nodiscard]] constexpr qreal height() const noexcept { return m_value.height(); }
     /// @}
 
-    /// @{
     /// Whether all numbers are equal, exactly; false where one is NaN.
+    /// @{
     friend constexpr bool operator==(const SSizeF &a, const SSizeF &b) noexcept
     {
         return a.width() == b.width() && a.height() == b.height();

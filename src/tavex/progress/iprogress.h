@@ -58,8 +58,8 @@ public:
     /// Undoes link() for the given sets.
     static void unlink(IProgress *a, IProgress *b, Peers peers = AllPeers);
 
-    /// @{
     /// The reporters that are linked to this one in that way.
+    /// @{
     [[nodiscard]] QSet<IProgress *> progressPeers() const;
     [[nodiscard]] QSet<IProgress *> abortPeers() const;
     /// @}

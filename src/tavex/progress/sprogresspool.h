@@ -28,15 +28,15 @@ public:
     explicit SProgressPool(QObject *parent = nullptr);
     ~SProgressPool() override;
 
-    /// @{
     /// A child; null if there is no such one or it was deleted.
+    /// @{
     [[nodiscard]] SProgress *at(int index) const;
     [[nodiscard]] SProgress *first() const;
     [[nodiscard]] SProgress *last() const;
     /// @}
 
-    /// @{
     /// The number of children that it was made with, and whether that is 0.
+    /// @{
     [[nodiscard]] int count() const;
     [[nodiscard]] bool isEmpty() const;
     /// @}

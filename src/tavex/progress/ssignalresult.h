@@ -26,8 +26,8 @@ public:
     bool waitResult();
 
 public Q_SLOTS:
-    /// @{
     /// Tells the outcome. The first call stays and emits finished(); further ones do nothing.
+    /// @{
     void success();
     void failed();
     /// @}

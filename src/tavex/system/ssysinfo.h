@@ -44,9 +44,9 @@ public:
     /// The marketing name of the running system.
     [[nodiscard]] static QString operatingSystemCodeName();
 
-    /// @{
     /// Whether the running system is of that family. The lines of Windows cannot be told apart on a
     /// version that is not known: all three are then true.
+    /// @{
     [[nodiscard]] static bool isWindows();
     [[nodiscard]] static bool isWindows9x();
     [[nodiscard]] static bool isWindowsNT();
@@ -69,16 +69,16 @@ public:
     /// The opposite of isOs_64bit().
     [[nodiscard]] static bool isOs_32bit();
 
-    /// @{
     /// The components of QOperatingSystemVersion::current(); -1 where Qt knows none, as under
     /// Linux.
+    /// @{
     [[nodiscard]] static int majorVersion();
     [[nodiscard]] static int minorVersion();
     [[nodiscard]] static int microVersion();
     /// @}
 
-    /// @{
     /// The functions of the same names of QSysInfo.
+    /// @{
     [[nodiscard]] static QString kernelType();
     [[nodiscard]] static QString kernelVersion();
     [[nodiscard]] static QString productType();
