@@ -14,6 +14,7 @@
 #include <cstdio>
 #include <ctime>
 #include <memory>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -69,7 +70,7 @@ public:
             m_paths.push_back(
                 QStringLiteral("%1/%2").arg(folder).arg(i, 64, 16, QLatin1Char('0')).toStdString());
     }
-    bool put(int i, const QByteArray &data) const
+    [[nodiscard]] bool put(int i, const QByteArray &data) const
     {
         const int file = open(m_new.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         return file >= 0 && write(file, data.constData(), std::size_t(data.size())) == data.size()
@@ -253,9 +254,8 @@ void values(const Bench::Topic &topic, const QString &root, const std::string &s
         Bench::Peer{"open, write, rename", putter(files, count)},
         Bench::Peer{"SQLite", putter(sqlite, count)}, Bench::Peer{"LMDB", putter(lmdb, count)});
 
-    std::vector<int> keys;
-    for (int i = 0; i < count; ++i)
-        keys.push_back(i);
+    std::vector<int> keys(static_cast<std::size_t>(count));
+    std::iota(keys.begin(), keys.end(), 0);
     topic.compare(("get " + sizeName).c_str(), keys, getter(ours),
         Bench::Peer{"open, read, close", getter(files)}, Bench::Peer{"SQLite", getter(sqlite)},
         Bench::Peer{"LMDB", getter(lmdb)});

@@ -1,12 +1,15 @@
 # How every target of this project is compiled. The instrumentation goes into the library and its
 # tests alike.
 function(tavex_compile_options target)
+    set(warnings -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
+    if(TAVEX_WARNINGS_AS_ERRORS)
+        list(APPEND warnings -Werror)
+    endif()
     target_compile_definitions(${target} PRIVATE
         QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH
         QT_DISABLE_DEPRECATED_BEFORE=0x060200)
     target_compile_options(${target} PRIVATE
-        -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
-        $<$<BOOL:${TAVEX_WARNINGS_AS_ERRORS}>:-Werror>)
+        "$<$<COMPILE_LANGUAGE:CXX>:${warnings}>")
     if(TAVEX_SANITIZE)
         target_compile_options(${target} PRIVATE
             -fsanitize=${TAVEX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -3,6 +3,7 @@
 #include <tavex/BinaryUnit>
 #include <tavex/SArray>
 #include <tavex/SCrc32>
+#include <tavex/SRandom>
 #include <tavex/SRectF>
 #include <tavex/SUnitConvert>
 
@@ -18,6 +19,9 @@ void numbers(QTextStream &out)
     // An integer is truncated, a real is not.
     out << SUnitConvert::toKiB(1536, BinaryUnit::Byte) << ' '
         << SUnitConvert::toKiB(1536.0, BinaryUnit::Byte) << '\n';
+
+    out << SUnitConvert::toSCSLength(42.195, SILengthUnit::KiloMeter, SCSLengthUnit::Mile)
+        << " miles\n";
     //! [units]
 
     //! [checksum]
@@ -27,6 +31,14 @@ void numbers(QTextStream &out)
     out << Qt::hex << crc.value() << ' ' << SCrc32::hash(QByteArray("123456789")) << Qt::dec
         << '\n';
     //! [checksum]
+
+    //! [random]
+    SRandom random(SRandom::legacySeed());
+    QList<int> list(3);
+    random.fill(list);
+    out << list.at(0) << ' ' << list.at(1) << ' ' << list.at(2) << ", " << random.nextDouble()
+        << '\n';
+    //! [random]
 
     //! [values]
     const auto frame = SRectF::fromString(QStringLiteral("0; 0; 16.5; 9"));

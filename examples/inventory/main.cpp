@@ -2,10 +2,13 @@
 
 #include "inventory.h"
 #include "sysinfo.h"
+#include "terminal.h"
 
 #include <tavex/S3rdParty>
 #include <tavex/SConvert>
+#include <tavex/SDir>
 #include <tavex/SLocale>
+#include <tavex/SSafeNvCache>
 #include <tavex/TavexApplication>
 #include <tavex/TavexInfo>
 
@@ -19,7 +22,7 @@
 #include <QSaveFile>
 #include <QTextStream>
 
-#include <algorithm>
+#include <csignal>
 
 using namespace Quorvex;
 
@@ -29,13 +32,6 @@ QString tr(const char *text, int n)
 }
 
 namespace {
-
-/// How many columns of a terminal \a text takes: Chinese characters take two.
-qsizetype displayWidth(const QString &text)
-{
-    return text.size()
-        + std::ranges::count_if(text, [](QChar c) { return c.script() == QChar::Script_Han; });
-}
 
 QString rightAligned(const QString &text, qsizetype width)
 {
@@ -49,6 +45,7 @@ struct Options
     QString legalFile;
     bool json = false;
     bool sysinfo = false;
+    bool useCache = true;
 };
 
 /// The text of --lang before anything else: the help text is in that language, too.
@@ -92,6 +89,8 @@ Options parse(const QStringList &arguments)
     const QCommandLineOption legal(QStringLiteral("legal"),
         tr("Write the licences of the components to this file, as a web page."),
         QStringLiteral("FILE"));
+    const QCommandLineOption noCache(QStringLiteral("no-cache"),
+        tr("Read every file, even if its checksum is known from an earlier run."));
     QCommandLineOption defaultFolder(
         QStringLiteral("default-folder"), {}, QStringLiteral("FOLDER"));
     defaultFolder.setFlags(QCommandLineOption::HiddenFromHelp);
@@ -102,7 +101,7 @@ Options parse(const QStringList &arguments)
         tr("Lists every file below a folder with its size and its CRC-32 checksum."));
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addOptions({lang, json, sysinfo, legal, defaultFolder});
+    parser.addOptions({lang, json, noCache, sysinfo, legal, defaultFolder});
     parser.addPositionalArgument(
         QStringLiteral("FOLDER"), tr("The folder to list."), QStringLiteral("[FOLDER]"));
     parser.process(arguments);
@@ -111,17 +110,33 @@ Options parse(const QStringList &arguments)
     if (folders.size() > 1)
         parser.showHelp(2);
     return {folders.value(0, parser.value(defaultFolder)), parser.value(legal), parser.isSet(json),
-        parser.isSet(sysinfo)};
+        parser.isSet(sysinfo), !parser.isSet(noCache)};
 }
 
-/// Writes the records one by one, as text.
+/// What came of an inventory.
+struct Totals
+{
+    int files = 0; ///< Those whose checksum was found.
+    qint64 bytes = 0;
+    int cached = 0;
+    int unreadable = 0;
+    qsizetype skipped = 0; ///< Because the user stopped the program.
+};
+
+/// Writes the records one by one, as text, with paths that fit into \a terminalWidth.
 class TextReport
 {
 public:
-    explicit TextReport(const QLocale &locale)
+    TextReport(const QLocale &locale, std::optional<int> terminalWidth)
         : m_locale(locale)
+        , m_cachedWidth(qMax(displayWidth(tr("Cached")), displayWidth(tr("yes"))))
     {
-        writeLine(tr("Size"), tr("CRC-32"), tr("Path"));
+        // A path is only cut by ten characters or more, and three dots take their place.
+        constexpr int Tolerance = 9;
+        const int other = SizeWidth + CrcWidth + int(m_cachedWidth) + 6;
+        if (terminalWidth)
+            m_pathWidth = qMax(0, *terminalWidth - other - Tolerance);
+        writeLine(tr("Size"), tr("CRC-32"), tr("Cached"), tr("Path"));
     }
 
     void add(const FileRecord &record)
@@ -131,25 +146,43 @@ public:
             m_err << tr("Cannot read %1: %2").arg(record.path, record.error) << Qt::endl;
             return;
         }
-        writeLine(readableSize(record.size, m_locale), crcText(*record.crc), record.path);
+        writeLine(readableSize(record.size, m_locale), crcText(*record.crc),
+            record.cached ? tr("yes") : QString(), SDir::pathShortener(record.path, m_pathWidth));
     }
 
-    void finish(int count, qint64 bytes, int failures)
+    void flush() { m_out.flush(); }
+
+    void finish(const Totals &totals)
     {
-        m_out << '\n' << tr("%n file(s), %1", count).arg(readableSize(bytes, m_locale)) << '\n';
-        if (failures > 0)
-            m_out << tr("%n file(s) could not be read.", failures) << '\n';
+        m_out << '\n'
+              << tr("%n file(s), %1", totals.files).arg(readableSize(totals.bytes, m_locale))
+              << '\n';
+        if (totals.cached > 0)
+            m_out << tr("%n file(s) had to be read; the cache knew the others.",
+                totals.files - totals.cached)
+                  << '\n';
+        if (totals.unreadable > 0)
+            m_out << tr("%n file(s) could not be read.", totals.unreadable) << '\n';
+        if (totals.skipped > 0)
+            m_out << tr("Stopped: %n file(s) were left out.", int(totals.skipped)) << '\n';
     }
 
 private:
-    void writeLine(const QString &size, const QString &crc, const QString &path)
+    static constexpr int SizeWidth = 12;
+    static constexpr int CrcWidth = 8;
+
+    void writeLine(
+        const QString &size, const QString &crc, const QString &cached, const QString &path)
     {
-        m_out << rightAligned(size, 12) << "  " << crc.leftJustified(8) << "  " << path << '\n';
+        m_out << rightAligned(size, SizeWidth) << "  " << crc.leftJustified(CrcWidth) << "  "
+              << rightAligned(cached, m_cachedWidth) << "  " << path << '\n';
     }
 
     QTextStream m_out{stdout};
     QTextStream m_err{stderr};
     QLocale m_locale;
+    qsizetype m_cachedWidth;
+    int m_pathWidth = -1;
 };
 
 /// Collects the records and writes them as one JSON document.
@@ -160,18 +193,24 @@ public:
     {
         QJsonObject file{
             {QStringLiteral("path"), record.path}, {QStringLiteral("size"), record.size}};
-        if (record.crc)
+        if (record.crc) {
             file.insert(QStringLiteral("crc32"), crcText(*record.crc));
-        else
+            file.insert(QStringLiteral("cached"), record.cached);
+        } else {
             file.insert(QStringLiteral("error"), record.error);
+        }
         m_files.append(file);
     }
 
-    void finish(int count, qint64 bytes, int failures) const
+    void flush() { }
+
+    void finish(const Totals &totals) const
     {
         const QJsonObject report{{QStringLiteral("files"), m_files},
-            {QStringLiteral("count"), count}, {QStringLiteral("bytes"), bytes},
-            {QStringLiteral("unreadable"), failures}};
+            {QStringLiteral("count"), totals.files}, {QStringLiteral("bytes"), totals.bytes},
+            {QStringLiteral("cached"), totals.cached},
+            {QStringLiteral("unreadable"), totals.unreadable},
+            {QStringLiteral("skipped"), totals.skipped}};
         QTextStream(stdout) << QString::fromUtf8(QJsonDocument(report).toJson());
     }
 
@@ -200,26 +239,56 @@ int showSystem(bool asJson)
     return 0;
 }
 
-/// Lists the folder through \a report; the exit status is 1 if a file could not be read.
-template <typename Report>
-int list(const QString &folder, Report report)
+volatile std::sig_atomic_t interrupted = 0;
+
+/// The first Ctrl-C asks the program to stop, the second one ends it as if it had no handler.
+void onInterrupt(int signal)
 {
-    int count = 0;
-    int failures = 0;
-    qint64 bytes = 0;
-    const QStringList paths = findFiles(folder);
-    for (const QString &path : paths) {
-        const FileRecord record = examine(folder, path);
-        report.add(record);
-        if (record.crc) {
-            ++count;
-            bytes += record.size;
-        } else {
-            ++failures;
+    interrupted = 1;
+    std::signal(signal, SIG_DFL);
+}
+
+/// Lists the folder through \a report; the exit status is 1 if a file could not be read, and the
+/// one that shells give to an interrupted program if the user stopped it.
+template <typename Report>
+int list(const Options &options, std::optional<int> terminalWidth, Report report)
+{
+    constexpr int Interrupted = 130;
+    constexpr std::chrono::milliseconds Redraw(100);
+
+    std::signal(SIGINT, &onInterrupt);
+    std::optional<SSafeNvCache> cache;
+    if (options.useCache)
+        cache.emplace(QStringLiteral("checksums"));
+    const QList<FoundFile> files = findFiles(options.folder);
+    Examination examination(
+        QFileInfo(options.folder).canonicalFilePath(), files, cache ? &*cache : nullptr);
+    ProgressBar bar(terminalWidth);
+    Totals totals;
+    while (const auto records = examination.take(Redraw)) {
+        if (!records->isEmpty())
+            bar.clear();
+        for (const FileRecord &record : *records) {
+            report.add(record);
+            if (record.crc) {
+                ++totals.files;
+                totals.bytes += record.size;
+                totals.cached += record.cached ? 1 : 0;
+            } else {
+                ++totals.unreadable;
+            }
         }
+        report.flush();
+        bar.draw(examination);
+        if (interrupted)
+            examination.stop();
     }
-    report.finish(count, bytes, failures);
-    return failures > 0 ? 1 : 0;
+    bar.clear();
+    totals.skipped = files.size() - totals.files - totals.unreadable;
+    report.finish(totals);
+    if (interrupted)
+        return Interrupted;
+    return totals.unreadable > 0 ? 1 : 0;
 }
 
 } // namespace
@@ -243,7 +312,8 @@ int main(int argc, char *argv[])
                             << '\n';
         return 2;
     }
+    const std::optional<int> width = terminalWidth();
     if (options.json)
-        return list(options.folder, JsonReport());
-    return list(options.folder, TextReport(QLocale()));
+        return list(options, width, JsonReport());
+    return list(options, width, TextReport(QLocale(), width));
 }

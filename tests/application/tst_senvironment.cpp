@@ -7,6 +7,7 @@
 #include <QTest>
 
 using Quorvex::SEnvironment;
+using Quorvex::SSysInfo;
 using F = Quorvex::SpecialFolder;
 
 /// Unsets the variables that folders depend on, then sets those that are named.
@@ -27,10 +28,11 @@ class TestSEnvironment : public QObject
 private Q_SLOTS:
     void init()
     {
-        if (QLatin1String(QTest::currentTestFunction()).startsWith(QLatin1String("linux"))
-            && !Quorvex::SSysInfo::isLinux())
-            QSKIP("Folders of Linux");
-        setEnvironment({});
+        const QByteArray function = QTest::currentTestFunction();
+        if (function.startsWith(SSysInfo::isLinux() ? "windows" : "linux"))
+            QSKIP("Folders of the other system");
+        if (SSysInfo::isLinux())
+            setEnvironment({});
     }
 
     void linuxFolders()
@@ -75,6 +77,21 @@ private Q_SLOTS:
         QCOMPARE(made.join(u' '), QStringLiteral(". .. color"));
     }
 
+    void windowsFolders()
+    {
+        const auto variable = [](const char *name) {
+            return QDir::fromNativeSeparators(qEnvironmentVariable(name));
+        };
+        QCOMPARE(SEnvironment::commonDataFolder(false), variable("ProgramData"));
+        QCOMPARE(SEnvironment::commonApplicationDataFolderLegacy(), variable("ProgramData"));
+        QCOMPARE(SEnvironment::localApplicationDataFolderLegacy(), variable("LOCALAPPDATA"));
+        QCOMPARE(SEnvironment::colorFolder(true).toLower(),
+            variable("windir").toLower() + QStringLiteral("/system32/spool/drivers/color"));
+        for (const QString &writable :
+            {SEnvironment::commonDataFolder(true), SEnvironment::tempFolder(true)})
+            QVERIFY2(QFileInfo(writable).isWritable(), qPrintable(writable));
+    }
+
     void ownAndUnknownFolders()
     {
         QVERIFY(SEnvironment::rootFolder(true).isEmpty());
@@ -89,12 +106,12 @@ private Q_SLOTS:
         }
     }
 
-    void linuxUserAndQt()
+    void userAndQt()
     {
         qputenv("USERNAME", QStringLiteral("Zoë").toLocal8Bit());
         QCOMPARE(SEnvironment::userName(), QStringLiteral("Zoë"));
         const QString full = SEnvironment::fullUserName();
-        QVERIFY(!full.isEmpty() && !full.contains(u','));
+        QVERIFY(!full.isEmpty() && (SSysInfo::isWindows() || !full.contains(u',')));
         QCOMPARE(SEnvironment::qtCompiledVersionString(), QStringLiteral(QT_VERSION_STR));
         QCOMPARE(SEnvironment::qtRuntimeVersionString(), QLatin1String(qVersion()));
     }

@@ -23,7 +23,7 @@ constexpr int Finished = 64;
 /// Each version has another size, so that a mixture of two is neither.
 QByteArray valueOf(int i, int version)
 {
-    return QByteArray(Sizes[i] * (3 - version) / 2, static_cast<char>('a' + 2 * i + version));
+    return {Sizes[i] * (3 - version) / 2, static_cast<char>('a' + 2 * i + version)};
 }
 
 /// Writes in small pieces and does not look whether they arrive.

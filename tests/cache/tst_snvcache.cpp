@@ -168,7 +168,7 @@ private Q_SLOTS:
         for (qsizetype i = 0; i < 8 * whole.size(); ++i) {
             QByteArray damaged = whole;
             damaged[i / 8] = static_cast<char>(damaged[i / 8] ^ 1 << i % 8);
-            QVERIFY(countOf(damaged) <= (i < 8 * 16 ? 0 : 2));
+            QVERIFY(countOf(damaged) <= (i < 128 ? 0 : 2));
         }
         QCOMPARE(countOf(index(0x7fffffff, {{Key, "1"}})), 0);
     }
@@ -177,6 +177,7 @@ private Q_SLOTS:
     {
         SSafeNvCache cache(QStringLiteral("cache"), m_folder.path());
         std::vector<std::jthread> threads;
+        threads.reserve(8);
         for (int i = 0; i < 8; ++i) {
             threads.emplace_back([&cache, i] {
                 for (int n = 0; n < 50; ++n) {

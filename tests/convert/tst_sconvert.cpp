@@ -49,7 +49,8 @@ static_assert(SConvert::toInt8(-1e9F) == -128 && SConvert::toUInt64(-1.0) == 0);
 static_assert(SConvert::toUInt16(std::numeric_limits<double>::quiet_NaN()) == 0);
 static_assert(SConvert::toSingle(true) == 1.0F && SConvert::toDouble(-7UL + 8UL) == 1.0);
 static_assert(SConvert::toBool(std::numeric_limits<float>::quiet_NaN()));
-static_assert(!SConvert::toBool(-0.0) && SConvert::toBool(1UL << 40) && !SConvert::toBool(0));
+static_assert(
+    !SConvert::toBool(-0.0) && SConvert::toBool(std::size_t(1) << 40) && !SConvert::toBool(0));
 
 QString string(const char *text)
 {

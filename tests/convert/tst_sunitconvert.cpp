@@ -4,8 +4,7 @@
 
 #include <limits>
 
-using Quorvex::BinaryUnit;
-using Quorvex::SUnitConvert;
+using namespace Quorvex;
 
 namespace {
 
@@ -79,6 +78,41 @@ private Q_SLOTS:
         value = 1536;
         QCOMPARE(SUnitConvert::autoBinaryUnits(value, BinaryUnit::Byte), BinaryUnit::Byte);
         QCOMPARE(value, 1536);
+    }
+
+    void prefixes()
+    {
+        QCOMPARE(SUnitConvert::siPrefixes(1.0, SIPrefix::Kilo, SIPrefix::Milli), 1e6);
+        QCOMPARE(SUnitConvert::toKilo(-1999, SIPrefix::Base), -1);
+        QCOMPARE(SUnitConvert::toYotta(1.0, SIPrefix::Yocto), 1.0 / std::pow(10.0, 48));
+        QCOMPARE(SUnitConvert::toBaseUnit(Max<quint64>, SIPrefix::Deca), Max<quint64>);
+    }
+
+    void customaryLengths()
+    {
+        using U = SCSLengthUnit;
+        QCOMPARE(SUnitConvert::toFoots(1.0F, U::Yard), 3.0F);
+        QCOMPARE(SUnitConvert::toFoots(-23, U::Inch), -1);
+        // Wraps as the promoted type does, and only then has to fit the type itself.
+        QCOMPARE(SUnitConvert::toInches(70000, U::Mile), 140232704);
+        QCOMPARE(SUnitConvert::toYards(Min<qint64>, U::Foot), 0);
+        QCOMPARE(SUnitConvert::toInches(quint8(1), U::Mile), quint8(255));
+        QCOMPARE(SUnitConvert::toMiles(short(-32768), U::Furlong), short(-4096));
+        QCOMPARE(SUnitConvert::scsLengthUnits(Min<int>, U::Inch, U(-1)), 0);
+    }
+
+    void lengths()
+    {
+        using S = SILengthUnit;
+        using U = SCSLengthUnit;
+        QCOMPARE(SUnitConvert::toSCSLength(100.0, S::CentiMeter, U::Inch), 100 / 2.54);
+        QCOMPARE(SUnitConvert::toSCSLength(1, S::Meter, U::Foot), 3);
+        QCOMPARE(SUnitConvert::toSCSLength(1.0, S::Meter, U::Foot), 100 / 2.54 / 12);
+        QCOMPARE(SUnitConvert::toSCSLength(59, S::MilliMeter, U::Inch), 1);
+        QCOMPARE(SUnitConvert::toSCSLength(quint8(3), S::Meter, U::Inch), quint8(100));
+        QCOMPARE(SUnitConvert::toSILength(1.0, U::Inch, S::CentiMeter), 2.54);
+        QCOMPARE(SUnitConvert::toSILength(1, U::Foot, S::MilliMeter), 304);
+        QCOMPARE(SUnitConvert::toSILength(-1, U::Mile, S::KiloMeter), -1);
     }
 };
 

@@ -1,23 +1,39 @@
 #include <QFile>
+#include <QFileInfo>
+#include <QLibrary>
 #include <QMetaType>
 #include <QTest>
 #include <QTranslator>
 
-#include <dlfcn.h>
-
 #include <memory>
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+
+#include <psapi.h>
+#endif
 
 namespace {
 
-bool isMapped(const QByteArray &name)
+bool isMapped(const QString &file)
 {
+    const QString name = QFileInfo(file).fileName();
+#ifdef Q_OS_WIN
+    return GetModuleHandleW(reinterpret_cast<LPCWSTR>(name.utf16())) != nullptr;
+#else
     QFile maps(QStringLiteral("/proc/self/maps"));
-    return maps.open(QIODevice::ReadOnly) && maps.readAll().contains(name);
+    return maps.open(QIODevice::ReadOnly) && maps.readAll().contains(name.toUtf8());
+#endif
 }
 
 /// The memory of the process that is its own, in KiB.
 qint64 ownMemory()
 {
+#ifdef Q_OS_WIN
+    PROCESS_MEMORY_COUNTERS counters{};
+    if (K32GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof(counters)))
+        return static_cast<qint64>(counters.PagefileUsage / 1024);
+#else
     QFile status(QStringLiteral("/proc/self/status"));
     if (!status.open(QIODevice::ReadOnly))
         return 0;
@@ -25,6 +41,7 @@ qint64 ownMemory()
         if (line.startsWith("RssAnon:"))
             return line.simplified().split(' ').value(1).toLongLong();
     }
+#endif
     return 0;
 }
 
@@ -53,19 +70,21 @@ private Q_SLOTS:
         QFETCH(bool, use);
         [[maybe_unused]] qint64 settledMemory = 0;
         for (int round = 0; round < 150; ++round) {
-            void *module = dlopen(QFile::encodeName(file).constData(), RTLD_NOW | RTLD_LOCAL);
-            QVERIFY2(module, dlerror());
+            QLibrary module(file);
+            module.setLoadHints(QLibrary::ResolveAllSymbolsHint);
+            QVERIFY2(module.load(), qPrintable(module.errorString()));
             QVERIFY(isKnown("Quorvex::Bool") && isKnown("Quorvex::SVersion"));
             QVERIFY(QFile::exists(QStringLiteral(":/flags/svg/de.svg")));
             QVERIFY(QFile::exists(QStringLiteral(":/HALF_LICENSE")));
             if (use) {
-                const auto useLibrary = reinterpret_cast<int (*)()>(dlsym(module, "useLibrary"));
+                const auto useLibrary = reinterpret_cast<int (*)()>(module.resolve("useLibrary"));
                 QVERIFY(useLibrary);
                 QCOMPARE(useLibrary(), 0);
             }
-            QCOMPARE(dlclose(module), 0);
+            QVERIFY(isMapped(QStringLiteral(LIBRARY_FILE)));
+            QVERIFY(module.unload());
 
-            QVERIFY(!isMapped("libtavex"));
+            QVERIFY(!isMapped(QStringLiteral(LIBRARY_FILE)));
             QVERIFY(!isKnown("Quorvex::Bool") && !isKnown("Quorvex::SVersion"));
             QVERIFY(!isKnown("QList<short>"));
             QVERIFY(!QFile::exists(QStringLiteral(":/flags/svg/de.svg")));

@@ -10,16 +10,40 @@ function(run)
     endif()
 endfunction()
 
+# Builds a target of the project in the folder SOURCE in WORK_DIR/NAME.
+function(build source name target)
+    set(options -DCMAKE_CXX_COMPILER=${CXX})
+    if(TOOLCHAIN_FILE)
+        set(options -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN_FILE} -DCMAKE_FIND_ROOT_PATH=${prefix})
+    endif()
+    run(${CMAKE_COMMAND} -S ${source} -B ${WORK_DIR}/${name} -G Ninja ${options} ${ARGN}
+        -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+    run(${CMAKE_COMMAND} --build ${WORK_DIR}/${name} --target ${target})
+endfunction()
+
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${WORK_DIR}/installed)
 file(RENAME ${WORK_DIR}/installed ${prefix})
-if(NOT EXISTS ${prefix}/${LIB_DIR}/libtavex.so.2.0.12)
-    message(FATAL_ERROR "The library file is not installed under its full version")
+if(NOT EXISTS ${prefix}/${LIBRARY_FILE})
+    message(FATAL_ERROR "The library file is not installed as ${LIBRARY_FILE}")
 endif()
 
-run(${CMAKE_COMMAND} -S ${CONSUMER_DIR} -B ${WORK_DIR}/cmake -G Ninja -DCMAKE_CXX_COMPILER=${CXX}
-    -DCMAKE_PREFIX_PATH=${prefix} -DTAVEX_INCLUDE_DIR=${prefix}/include
-    -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
-run(${CMAKE_COMMAND} --build ${WORK_DIR}/cmake)
+set(headers -DTAVEX_INCLUDE_DIR=${prefix}/include)
+if(TOOLCHAIN_FILE)
+    # That the headers stand alone does not depend on the system.
+    build(${CONSUMER_DIR} cmake consumer ${headers})
+    set(ENV{WINEPATH} Z:${prefix}/bin)
+    run(${EMULATOR} ${WORK_DIR}/cmake/consumer.exe)
+
+    build(${EXAMPLE_DIR} inventory all)
+    file(WRITE ${WORK_DIR}/files/größe 123456789)
+    execute_process(COMMAND ${EMULATOR} ${WORK_DIR}/inventory/inventory.exe --lang de ${WORK_DIR}/files
+        OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
+    if(NOT output MATCHES "9 Byte  0376e6e7 .* größe")
+        message(FATAL_ERROR "${output}")
+    endif()
+    return()
+endif()
+build(${CONSUMER_DIR} cmake all ${headers})
 run(${WORK_DIR}/cmake/consumer)
 
 set(ENV{PKG_CONFIG_PATH} ${prefix}/${LIB_DIR}/pkgconfig)

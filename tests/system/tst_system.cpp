@@ -171,6 +171,20 @@ private Q_SLOTS:
             QVERIFY(!isOther());
     }
 
+    // The script windows-versions sets Wine up and says what is to be found.
+    void runningWindows()
+    {
+        if (!SSysInfo::isWindows())
+            QSKIP("No Windows");
+        QVERIFY(SSysInfo::isWindowsNT() && SSysInfo::isOs_64bit());
+        QVERIFY(!SSysInfo::isWindows9x() && !SSysInfo::isWindowsCE() && !SSysInfo::isMac());
+        const Os os = SSysInfo::operatingSystem(false);
+        QCOMPARE(SSysInfo::operatingSystem(true), os);
+        const QString found = SSysInfo::operatingSystemCodeName() + QLatin1Char(' ')
+            + SSysInfo::endOfLife(os).toString(Qt::ISODate);
+        QCOMPARE(found, qEnvironmentVariable("TAVEX_EXPECTED_SYSTEM", found));
+    }
+
     void coresMemoryAndPrograms()
     {
         QVERIFY(SCpuInfo::packages() >= 1 && SCpuInfo::cores() >= SCpuInfo::packages());

@@ -147,5 +147,39 @@
         <extracomment>Volume: %1 is its size as text, such as “23.5 GiB”, %2 the part that is free.</extracomment>
         <translation>%1, chIm %2</translation>
     </message>
+    <message>
+        <source>Read every file, even if its checksum is known from an earlier run.</source>
+        <extracomment>Help text of an option.</extracomment>
+        <translation>Hoch tamey yIlaD; &apos;olmeH mI&apos; Sovlu&apos;chugh je yIlaD.</translation>
+    </message>
+    <message>
+        <source>Cached</source>
+        <extracomment>Column heading: whether the checksum of a file was known from an earlier run. Keep it short.</extracomment>
+        <translation>Sovlu&apos;pu&apos;</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <extracomment>Under the heading “Cached”: the checksum was known.</extracomment>
+        <translation>HIja&apos;</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) had to be read; the cache knew the others.</source>
+        <extracomment>%n is the number of files. The cache keeps checksums from earlier runs.</extracomment>
+        <translation>
+            <numerusform>%n ta laDnISpu&apos; De&apos;wI&apos;; latlhmey Sovpu&apos;.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Stopped: %n file(s) were left out.</source>
+        <extracomment>The user stopped the program. %n is the number of files that are not in the list.</extracomment>
+        <translation>
+            <numerusform>mevpu&apos;: %n ta buSbe&apos;.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1/s, %2 left</source>
+        <extracomment>Beside a progress bar: %1 is a size such as “4.3 MiB”, read in each second, %2 the time that is left, such as 0:42.</extracomment>
+        <translation>%1/lup, %2 poH ratlh</translation>
+    </message>
 </context>
 </TS>

@@ -22,11 +22,12 @@ namespace Quorvex {
 /// result, without a final XOR. With the default polynomial this is CRC-32/MPEG-2: "123456789"
 /// gives 0x0376E6E7.
 ///
-/// The object holds the tables for its polynomial (8 KiB, slicing-by-8: Kounavis and Berry, "A
-/// Systematic Approach to Building High Performance Software-Based CRC Generators", 2005), so keep
-/// one rather than making many of an uncommon polynomial. The tables of DefaultPolynomial,
-/// 0x82608EDB and 0xEDB88320 are ready; others are computed. An object is used by one thread at a
-/// time; the static members may be called from any thread.
+/// Data of some length is folded by carry-less multiplication where the processor has it; else
+/// tables do the work. The object holds the tables for its polynomial (8 KiB, slicing-by-8:
+/// Kounavis and Berry, "A Systematic Approach to Building High Performance Software-Based CRC
+/// Generators", 2005), so keep one rather than making many of an uncommon polynomial. The tables of
+/// DefaultPolynomial, 0x82608EDB and 0xEDB88320 are ready; others are computed. An object is used
+/// by one thread at a time; the static members may be called from any thread.
 ///
 /// Arguments: data that is null feeds nothing. Positions and lengths are counted in bytes and cut
 /// to the array's size; `from` and `to` stand for the bytes from `from` up to but not including
@@ -35,23 +36,30 @@ namespace Quorvex {
 class TAVEX_EXPORT SCrc32
 {
 public:
+    /// The generator polynomial of IEEE 802.3, most significant bit first.
     static constexpr uint DefaultPolynomial = 0x04C11DB7;
 
+    /// A calculator for \a polynomial, whose most significant bit comes first and whose term of the
+    /// 32nd power is left out.
     explicit SCrc32(uint polynomial = DefaultPolynomial) noexcept;
 
     /// The value that the register starts with.
     [[nodiscard]] static constexpr uint initValue() noexcept { return 0xFFFFFFFF; }
 
+    /// The generator polynomial.
     [[nodiscard]] uint polynomial() const noexcept { return m_polynomial; }
+    /// The register: the result for everything that was fed.
+    /// @{
     [[nodiscard]] uint value() const noexcept { return m_value; }
     operator uint() const noexcept { return m_value; }
+    /// @}
 
     /// Starts afresh with the same polynomial.
     void clear() noexcept { m_value = initValue(); }
 
-    // Each update() goes on from the given register or, without one, from value(); calculate()
-    // starts afresh. All of them store the new register and return it.
-
+    /// Goes on from the given register or, without one, from value(), stores the new register and
+    /// returns it.
+    /// @{
     uint update(uint crc, const char *data, quint64 length) noexcept;
     uint update(const char *data, quint64 length) noexcept { return update(m_value, data, length); }
     uint update(uint crc, const QByteArray &data, quint64 from, quint64 to) noexcept
@@ -77,7 +85,10 @@ public:
         return update(bytes.data(), sizeof(T));
     }
     uint update(const char *) = delete;
+    /// @}
 
+    /// Starts afresh, stores the new register and returns it.
+    /// @{
     uint calculate(const char *data, quint64 length) noexcept
     {
         return update(initValue(), data, length);
@@ -107,23 +118,30 @@ public:
         return update(number);
     }
     uint calculate(const char *) = delete;
+    /// @}
 
+    /// The result for the data alone.
+    /// @{
     [[nodiscard]] static uint hash(
         const QByteArray &data, uint polynomial = DefaultPolynomial) noexcept;
     [[nodiscard]] static uint hash(const QByteArray &data, quint64 from, quint64 to,
         uint polynomial = DefaultPolynomial) noexcept;
     [[nodiscard]] static uint hash(const QString &text, uint polynomial = DefaultPolynomial);
     [[nodiscard]] static uint hash(const char *, uint polynomial = DefaultPolynomial) = delete;
+    /// @}
 
     /// Reads \a device from where it stands to its end, in chunks of 65,536 bytes, waiting for data
     /// where the device can. The device is neither opened nor rewound. \a ok may be null; it
     /// becomes false if the device is null or not open for reading, or if reading fails. The result
     /// is then the register so far. A sequential device cannot tell its end from a failure, which
     /// counts as its end.
+    /// @{
     [[nodiscard]] static uint hash(
         QIODevice *device, bool *ok, uint polynomial = DefaultPolynomial);
     [[nodiscard]] static uint hash(QIODevice *device, uint polynomial = DefaultPolynomial);
+    /// @}
 
+    /// Compares value and polynomial.
     friend bool operator==(const SCrc32 &a, const SCrc32 &b) noexcept
     {
         return a.m_value == b.m_value && a.m_polynomial == b.m_polynomial;
@@ -140,7 +158,7 @@ public:
 
 private:
     using Tables = std::array<std::array<uint, 256>, 8>;
-    friend class SCrc32Tables;
+    friend class SCrc32Work;
 
     uint update(uint crc, QByteArrayView data) noexcept
     {

@@ -53,7 +53,7 @@ public:
     /// False if there is a file at \a path, or if it cannot be made.
     [[nodiscard]] bool create(const QString &path);
 
-    [[nodiscard]] bool write(const QByteArray &data);
+    [[nodiscard]] bool write(const QByteArray &data) const;
 
     /// Opens \a device for writing to it instead. It has to be closed before moveTo().
     [[nodiscard]] bool open(QFile &device) const;

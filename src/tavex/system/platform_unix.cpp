@@ -178,7 +178,7 @@ bool NewFile::create(const QString &path)
     return true;
 }
 
-bool NewFile::write(const QByteArray &data)
+bool NewFile::write(const QByteArray &data) const
 {
     for (qsizetype done = 0; done < data.size();) {
         const ssize_t count = ::write(static_cast<int>(m_file), data.constData() + done,

@@ -214,7 +214,7 @@ bool NewFile::create(const QString &path)
     return true;
 }
 
-bool NewFile::write(const QByteArray &data)
+bool NewFile::write(const QByteArray &data) const
 {
     constexpr qsizetype Most = 1 << 30;
     for (qsizetype done = 0; done < data.size();) {

@@ -1,0 +1,157 @@
+#include <tavex/SRandom>
+#include <tavex/numeric/srandom_p.h>
+
+#include <QRandomGenerator>
+#include <QTest>
+
+#include <random>
+
+using Quorvex::SArray;
+using Quorvex::SRandom;
+namespace RandomLanes = Quorvex::RandomLanes;
+
+namespace {
+
+constexpr uint Modulus = 0x7FFFFFFF;
+
+/// One step as Schrage computes it, with the division that the library does without.
+uint schrage(uint state)
+{
+    const uint s = state != 0 ? state : 123459876;
+    const uint high = s / 127773;
+    const uint next = 16807 * (s - high * 127773) - 2836 * high;
+    return static_cast<int>(next) < 0 ? next + Modulus : next;
+}
+
+/// Where the sequence begins in an unusual way, and any others.
+QList<uint> seeds()
+{
+    QList<uint> seeds{0, 1, 123459876, Modulus - 1, Modulus, Modulus + 1, 0x80000001, 2 * Modulus,
+        0xFFFFFFFF, SRandom::legacySeed()};
+    QRandomGenerator random(4);
+    for (int i = 0; i < 10; ++i)
+        seeds.append(random.generate());
+    return seeds;
+}
+
+} // namespace
+
+class TestSRandom : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void sequence()
+    {
+        SRandom one(1);
+        QCOMPARE(one.next(), 16807);
+        QCOMPARE(one.next(), 282475249);
+        std::minstd_rand0 standard(SRandom::legacySeed());
+        SRandom random(SRandom::legacySeed());
+        for (int i = 0; i < 100000; ++i)
+            QCOMPARE(uint(random.next()), uint(standard()));
+        // Every state, also those that the sequence cannot reach.
+        for (quint64 state = 0; state <= 0xFFFFFFFF; state += 16381) {
+            SRandom step{uint(state)};
+            const uint expected = schrage(uint(state));
+            QVERIFY(uint(step.next()) == expected && step == SRandom(expected));
+        }
+    }
+
+    // All fills give the serial sequence, whatever the seed, the size and the alignment.
+    void fills()
+    {
+        constexpr qsizetype Count = 301;
+        for (const uint seed : seeds()) {
+            QList<uint> states{seed};
+            QByteArray expected(4 * Count, '\0');
+            for (qsizetype i = 0; i < Count; ++i) {
+                states.append(schrage(states.at(i)));
+                for (int byte = 0; byte < 4; ++byte)
+                    expected[4 * i + byte] = char(states.at(i + 1) >> 8 * byte);
+            }
+            for (qsizetype size = 0; size <= Count; ++size) {
+                QList<int> list(size);
+                SArray<double> reals(size);
+                SRandom random(seed);
+                SRandom other(seed);
+                random.fill(list);
+                other.fill(reals);
+                const SRandom after(states.at(size));
+                QVERIFY2(random == after && other == after, QByteArray::number(seed));
+                for (qsizetype i = 0; i < size; ++i) {
+                    const auto value = static_cast<int>(states.at(i + 1));
+                    QVERIFY(list.at(i) == value && reals[i] == value / 2147483647.0);
+                }
+                for (const RandomLanes::Fill fill : RandomLanes::fills()) {
+                    QByteArray bytes(4 * size + 1, 'x');
+                    uint state = seed;
+                    if (seed % Modulus == 0)
+                        break;
+                    const qsizetype count = fill(state, bytes.data() + 1, size);
+                    QVERIFY(count <= size && size - count < 64 && state == states.at(count));
+                    QVERIFY(bytes.mid(1, 4 * count) == expected.left(4 * count));
+                }
+            }
+            for (qsizetype size = 0; size < 4 * Count - 64; ++size) {
+                QByteArray bytes(4 * Count, 'x');
+                const qsizetype start = 1 + size * 7 % 64;
+                SRandom::fillData(bytes.data() + start, size, seed);
+                QVERIFY(bytes.mid(start, size) == expected.left(size));
+                QVERIFY(bytes.at(start - 1) == 'x' && bytes.at(start + size) == 'x');
+            }
+        }
+        QList<int> list(5);
+        const QList<int> copy = list;
+        SRandom(9).fill(list);
+        QCOMPARE(copy, QList<int>(5));
+        QByteArray nothing;
+        SRandom::fillByteArray(nothing, 1);
+        SRandom::fillData(nullptr, 8, 1);
+        SRandom::fillData(nothing.data(), -8, 1);
+    }
+
+    // Large fills go past the caches, where the place allows it.
+    void largeFills()
+    {
+        QByteArray bytes(4 * RandomLanes::StreamedCount + 4096, 'x');
+        for (const int start : {0, 4, 30, 31, 32}) {
+            const qsizetype size = bytes.size() - start - 3;
+            SRandom::fillData(bytes.data() + start, size, 77);
+            SRandom random(77);
+            bool right = true;
+            int value = 0;
+            for (qsizetype i = 0; i < size; ++i) {
+                if (i % 4 == 0)
+                    value = random.next();
+                right = right && bytes.at(start + i) == char(value >> 8 * (i % 4));
+            }
+            QVERIFY(right && bytes.endsWith("xxx"));
+        }
+    }
+
+    void ranges()
+    {
+        SRandom random(3);
+        QCOMPARE(random.nextDouble(5.0, 5.0), 5.0);
+        QVERIFY(random == SRandom(3));
+        const double next = SRandom(3).nextDouble();
+        QCOMPARE(next, 50421 / 2147483647.0);
+        QCOMPARE(SRandom(3).nextDouble(-4.0, 6.0), next - 4);
+        QCOMPARE(SRandom(3).nextDouble(1.0, 1 + 0x1p-20), std::fmod(next, 0x1p-20) + 1);
+    }
+
+    void defaultSeeds()
+    {
+        QByteArray bytes(256, '\0');
+        for (int i = 0; i < 256; ++i)
+            bytes[i] = char(i);
+        QCOMPARE(SRandom::defaultSeed(bytes), 0xCEED6F2DU);
+        const auto now = static_cast<uint>(QDateTime::currentMSecsSinceEpoch());
+        QVERIFY(SRandom::defaultSeed(nullptr, 5) - now < 60000);
+        QVERIFY(SRandom::defaultSeed(QByteArray()) - now < 60000);
+    }
+};
+
+QTEST_APPLESS_MAIN(TestSRandom)
+#include "tst_srandom.moc"
