@@ -10,5 +10,6 @@ add_custom_command(OUTPUT ${docs}/tavex.spdx
     COMMENT "Making the documentation"
     VERBATIM)
 add_custom_target(docs ALL DEPENDS ${docs}/tavex.spdx)
-install(DIRECTORY ${docs}/html DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY ${docs}/html DESTINATION ${CMAKE_INSTALL_DOCDIR}
+    PATTERN *.map EXCLUDE PATTERN *.md5 EXCLUDE)
 install(FILES ${docs}/tavex.spdx ${docs}/tavex.tag DESTINATION ${CMAKE_INSTALL_DOCDIR})
