@@ -1,6 +1,8 @@
 # The documentation: HTML, the tag file by which other projects' documentation links to it, and the
 # licences of all source files as an SPDX document.
-find_program(DOXYGEN_EXECUTABLE doxygen REQUIRED)
+foreach(program doxygen dot reuse)
+    find_program(${program}_EXECUTABLE ${program} REQUIRED)
+endforeach()
 set(docs ${PROJECT_BINARY_DIR}/docs)
 file(GLOB_RECURSE sources CONFIGURE_DEPENDS src/tavex/*.h docs/*)
 file(GLOB pages CONFIGURE_DEPENDS *.md)
