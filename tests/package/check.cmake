@@ -27,6 +27,7 @@ if(NOT EXISTS ${prefix}/${LIBRARY_FILE})
     message(FATAL_ERROR "The library file is not installed as ${LIBRARY_FILE}")
 endif()
 
+build(${EXAMPLE_DIR} inventory all)
 set(headers -DTAVEX_INCLUDE_DIR=${prefix}/include)
 if(TOOLCHAIN_FILE)
     # That the headers stand alone does not depend on the system.
@@ -34,7 +35,6 @@ if(TOOLCHAIN_FILE)
     set(ENV{WINEPATH} Z:${prefix}/bin)
     run(${EMULATOR} ${WORK_DIR}/cmake/consumer.exe)
 
-    build(${EXAMPLE_DIR} inventory all)
     file(WRITE ${WORK_DIR}/files/größe 123456789)
     execute_process(COMMAND ${EMULATOR} ${WORK_DIR}/inventory/inventory.exe --lang de ${WORK_DIR}/files
         OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
@@ -45,6 +45,7 @@ if(TOOLCHAIN_FILE)
 endif()
 build(${CONSUMER_DIR} cmake all ${headers})
 run(${WORK_DIR}/cmake/consumer)
+run(${CMAKE_CURRENT_LIST_DIR}/check-inventory ${WORK_DIR}/inventory/inventory ${WORK_DIR}/list)
 
 set(ENV{PKG_CONFIG_PATH} ${prefix}/${LIB_DIR}/pkgconfig)
 execute_process(COMMAND pkg-config --cflags --libs tavex
