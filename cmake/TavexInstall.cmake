@@ -20,4 +20,5 @@ install(FILES
     DESTINATION ${config_dir})
 
 configure_file(cmake/tavex.pc.in tavex.pc @ONLY)
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES ${PROJECT_BINARY_DIR}/tavex.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -22,13 +22,17 @@ public:
     /// The names in the order in which they were registered.
     [[nodiscard]] static QStringList modules();
 
+    /// Whether a component of that name is registered.
     [[nodiscard]] static bool isRegistered(const QString &name);
 
-    // What was registered with a name; an empty text or the null version for an unknown name.
+    /// What was registered with a name; an empty text or the null version for an unknown name.
+    /// @{
     [[nodiscard]] static QString licensePath(const QString &name);
     [[nodiscard]] static QString site(const QString &name);
     [[nodiscard]] static SVersion version(const QString &name);
+    /// @}
 
+    /// The web site of Qt.
     [[nodiscard]] static QString qtSite();
 
     /// A page that lists all components with their licence texts: one HTML document that needs no

@@ -21,6 +21,7 @@ namespace Quorvex {
 class TAVEX_EXPORT SEnumTranslatorBase
 {
 public:
+    /// The words of the language, else those of the fallback, else the key.
     static constexpr EnumTranslationOptions DefaultOptions =
         EnumTranslationOptions::TranslateLocale | EnumTranslationOptions::TranslateFallback;
 
@@ -44,6 +45,7 @@ public:
     /// The words of a key, or of several keys separated by commas, which are then joined by ", ".
     [[nodiscard]] QString etr(
         const QString &text, const EnumTranslationOptions &options = DefaultOptions) const;
+    /// The words of each of \a texts.
     [[nodiscard]] QStringList etr(
         const QStringList &texts, const EnumTranslationOptions &options = DefaultOptions) const;
 
@@ -67,6 +69,7 @@ public:
 protected:
     SEnumTranslatorBase();
 
+    /// The first half of load(): the catalogues of \a name, and no run-time texts.
     bool _load(const QString &name, const QLocale &locale, const QString &folder);
 
     /// Registers the translator and loads it for the default locale. To be called by the most
@@ -92,9 +95,11 @@ private:
 
 /// Declares the translator of the enumeration Name; see tavex/enums/senum.h.
 #define TAVEX_ENUM_TRANSLATOR(Name)                                                                \
+    /** The words of Name in the current language. */                                              \
     class TAVEX_EXPORT Name##_TR final : public SEnumTranslatorBase                                \
     {                                                                                              \
     public:                                                                                        \
+        /** The one translator, made and loaded at first use. */                                   \
         [[nodiscard]] static Name##_TR &instance();                                                \
         [[nodiscard]] QString name() const override;                                               \
         [[nodiscard]] QStringList keys() const override;                                           \

@@ -38,6 +38,8 @@ public:
     {                                                                                              \
         return getFolder(SpecialFolder::Folder, writable);                                         \
     }
+    /// The same as getFolder() for the folder of that name.
+    /// @{
     TAVEX_FOLDER_SHORTCUT(desktopFolder, DesktopLocation)
     TAVEX_FOLDER_SHORTCUT(documentsFolder, DocumentsLocation)
     TAVEX_FOLDER_SHORTCUT(fontsFolder, FontsLocation)
@@ -61,11 +63,14 @@ public:
     TAVEX_FOLDER_SHORTCUT(rootFolder, RootLocation)
     TAVEX_FOLDER_SHORTCUT(commonDataFolder, CommonDataLocation)
     TAVEX_FOLDER_SHORTCUT(colorFolder, ColorFolder)
+    /// @}
 #undef TAVEX_FOLDER_SHORTCUT
 
-    // Two folders as the registry of Windows lists them for old programs; empty elsewhere.
+    /// Two folders as the registry of Windows lists them for old programs; empty elsewhere.
+    /// @{
     [[nodiscard]] static QString commonApplicationDataFolderLegacy();
     [[nodiscard]] static QString localApplicationDataFolderLegacy();
+    /// @}
 
     /// The variable USERNAME; empty where it is not set, as is usual outside Windows.
     [[nodiscard]] static QString userName();
@@ -73,17 +78,22 @@ public:
     /// The user's name for people, as the account has it; userName() where it has none.
     [[nodiscard]] static QString fullUserName();
 
+    /// The line ending of files of that system: "\r\n", "\n" and, before Mac OS X, "\r".
+    /// @{
     [[nodiscard]] static QString rawWindowsNewLine();
     [[nodiscard]] static QString rawUnixNewLine();
     [[nodiscard]] static QString rawMacNewLine();
+    /// @}
     /// "\n" on every system: \a native changes nothing, so that files are the same everywhere.
     [[nodiscard]] static QString newLine(bool native);
 
-    // The Qt that the library was built with, and the one that it runs with, which may be newer.
+    /// The Qt that the library was built with, and the one that it runs with, which may be newer.
+    /// @{
     [[nodiscard]] static SVersion qtCompiledVersion();
     [[nodiscard]] static QString qtCompiledVersionString();
     [[nodiscard]] static SVersion qtRuntimeVersion();
     [[nodiscard]] static QString qtRuntimeVersionString();
+    /// @}
 
     /// A path in \a folder, or in the temporary folder if \a folder is blank, that no other call
     /// gives. Nothing is made there.

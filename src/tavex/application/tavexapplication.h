@@ -29,15 +29,21 @@ public:
     static void infoRegister(const QString &applicationName, const QString &organizationName,
         const QString &applicationVersion, const QString &build, const QString &commit);
 
+    /// What infoRegister() was given. The names and the version are those of QCoreApplication,
+    /// wherever they were set.
+    /// @{
     [[nodiscard]] static QString applicationName();
     [[nodiscard]] static QString organizationName();
     [[nodiscard]] static QString applicationVersion();
     [[nodiscard]] static QString applicationBuild();
     [[nodiscard]] static QString applicationCommit();
+    /// @}
 
     /// A text that the library keeps for the application and never looks at.
+    /// @{
     [[nodiscard]] static QString licenseKey();
     static void setLicenseKey(const QString &key);
+    /// @}
 
     /// The folder of the program file.
     [[nodiscard]] static QString applicationFolder();
@@ -47,11 +53,13 @@ public:
     /// path is returned also if that fails.
     static QString createApplicationSubfolders(const QString &base);
 
-    // The application's folders for data of the user and, with \a common, of all users, created as
-    // by createApplicationSubfolders(). \a writable asks for a folder that can be written to,
-    // otherwise for the first of those that are read; see SEnvironment::getFolder().
+    /// The application's folders for data of the user and, with \a common, of all users, created as
+    /// by createApplicationSubfolders(). \a writable asks for a folder that can be written to,
+    /// otherwise for the first of those that are read; see SEnvironment::getFolder().
+    /// @{
     static QString userApplicationDataFolder(bool writable = true);
     static QString commonApplicationDataFolder(bool common, bool writable = true);
+    /// @}
 
     /// "Copyright 2020-2026 Organisation.", to the current year, with the first word in the
     /// language of the installed translators. Without \a firstYear (less than 1), the current year

@@ -40,16 +40,21 @@ public:
     /// Writes the index.
     ~SNvCache();
 
+    /// The folder that the directory is in, as it was given.
     [[nodiscard]] QString folder() const { return m_folder; }
+    /// The name of the directory in folder(): the given one, or the one that was made.
     [[nodiscard]] QString name() const { return m_name; }
 
     /// True if there is no directory. All that reads, inserts or removes then returns false.
     [[nodiscard]] bool isNull() const noexcept { return !m_valid; }
 
+    /// Whether keys() is empty.
     [[nodiscard]] bool isEmpty() const noexcept { return m_index.isEmpty(); }
+    /// The number of keys().
     [[nodiscard]] int count() const noexcept { return static_cast<int>(m_index.size()); }
+    /// Whether \a key is one of keys().
     [[nodiscard]] bool contains(const QString &key) const { return m_index.contains(key); }
-    /// In no particular order.
+    /// The keys that this object has inserted and not removed, in no particular order.
     [[nodiscard]] QStringList keys() const { return m_index.keys(); }
 
     /// Keeps what \a source has from its position on, \a data, or what \a object writes to a
@@ -58,14 +63,18 @@ public:
     ///
     /// If it fails, the key's earlier value is gone too; only when no file could be opened for an
     /// object, it stays. A source that is not open is opened, and closed afterwards.
+    /// @{
     bool insert(const QString &key, QIODevice *source);
     bool insert(const QString &key, const QByteArray &data);
     bool insert(const QString &key, Interfaces::ISerializable *object);
+    /// @}
 
     /// Copies the value to \a target, which is opened for that if it is not open, or lets \a object
     /// read it; false if there is none or if that fails, which may be after a part.
+    /// @{
     bool value(const QString &key, QIODevice *target) const;
     bool value(const QString &key, Interfaces::ISerializable *object) const;
+    /// @}
     /// The value; empty also if there is none or it cannot be read.
     [[nodiscard]] QByteArray value(const QString &key) const;
 

@@ -13,12 +13,15 @@ namespace Quorvex {
 class TAVEX_EXPORT SSafeNvCache
 {
 public:
+    /// The cache that SNvCache makes of the same arguments.
     explicit SSafeNvCache(const QString &name = QString(),
         const QString &folder = SEnvironment::getFolder(SpecialFolder::CacheLocation, true))
         : m_cache(name, folder)
     {
     }
 
+    /// The function of this name of SNvCache, under the lock.
+    /// @{
     [[nodiscard]] QString folder() const { return locked()->folder(); }
     [[nodiscard]] QString name() const { return locked()->name(); }
     [[nodiscard]] bool isNull() const { return locked()->isNull(); }
@@ -43,6 +46,7 @@ public:
 
     bool remove(const QString &key) { return locked()->remove(key); }
     void clear() { locked()->clear(); }
+    /// @}
 
 private:
     /// The cache, locked to the end of the expression.

@@ -31,9 +31,11 @@ enum class OperatingSystem : quint32;
 template <typename T>
 concept SScalar = SNumber<T> || std::same_as<T, bool>;
 
+/// A list of types.
 template <typename... T>
 struct STypeList
 {
+    /// Whether U is one of them.
     template <typename U>
     static constexpr bool contains = (std::same_as<T, U> || ...);
 };
@@ -43,11 +45,14 @@ struct STypeList
 using STextTypes = STypeList<QByteArray, QDate, QTime, QDateTime, QUrl, QUuid, QJsonDocument,
     QJsonObject, QJsonArray, QJsonValue, QVariantMap, QVariantHash, QVariant, SVersion>;
 
+/// Whether T is an STextType.
+/// @{
 template <typename T>
 inline constexpr bool isTextType =
     SScalar<T> || std::is_enum_v<T> || std::same_as<T, QString> || STextTypes::contains<T>;
 template <typename T>
 inline constexpr bool isTextType<QList<T>> = isTextType<T>;
+/// @}
 
 /// A type whose values SConvert::toString() turns into text.
 template <typename T>
@@ -173,6 +178,7 @@ public:
     ///   conversions; 0 if there is none.
     ///
     /// The 8-bit integers are the low 8 bits of the 16-bit ones: the text "300" gives 44.
+    /// @{
     static constexpr ToInteger<qint8, short, &QLocale::toShort, &QString::toShort> toInt8{};
     static constexpr ToInteger<quint8, ushort, &QLocale::toUShort, &QString::toUShort> toUInt8{};
     static constexpr ToInteger<qint16, short, &QLocale::toShort, &QString::toShort> toInt16{};
@@ -183,10 +189,13 @@ public:
         toInt64{};
     static constexpr ToInteger<quint64, qulonglong, &QLocale::toULongLong, &QString::toULongLong>
         toUInt64{};
+    /// @}
 
-    /// As above, without a base.
+    /// Called as toInt32 and its like, without a base.
+    /// @{
     static constexpr ToReal<float, &QLocale::toFloat> toSingle{};
     static constexpr ToReal<double, &QLocale::toDouble> toDouble{};
+    /// @}
 
     /// Whether \a value is not 0; true for NaN.
     template <SScalar N>
@@ -216,6 +225,7 @@ public:
     /// compact; an enumeration is its key. The elements of lists are joined by ", ", or by "; "
     /// where \a locale has a decimal comma. A QVariant of any of these is written as the value that
     /// it holds, unless SVariantConvert has a converter for it; other types through QVariant.
+    /// @{
     template <STextType T>
     [[nodiscard]] static QString toString(const T &value, const QLocale &locale = QLocale())
     {
@@ -230,7 +240,10 @@ public:
     {
         return text(value, format, locale);
     }
+    /// @}
+
     /// Text is returned as it is.
+    /// @{
     [[nodiscard]] static QString toString(const QString &value, const QLocale & = QLocale())
     {
         return value;
@@ -240,14 +253,18 @@ public:
     {
         return value;
     }
+    /// @}
 
     /// The first version in \a text; the null version if there is none or \a format cannot be used.
+    /// @{
     [[nodiscard]] static SVersion toVersion(const QString &text, const QLocale &locale = QLocale());
     [[nodiscard]] static SVersion toVersion(
         const QString &text, const QString &format, const QLocale &locale = QLocale());
+    /// @}
 
     /// Text is read as above and an SVersion is taken as it is. Other types go through QMetaType's
     /// conversions; the null version if it has none.
+    /// @{
     template <std::same_as<QVariant> Variant>
     [[nodiscard]] static SVersion toVersion(const Variant &value, const QLocale &locale = QLocale())
     {
@@ -259,6 +276,7 @@ public:
     {
         return variantToVersion(value, format, locale);
     }
+    /// @}
 
     /// Takes \a value as the packed integer: of an integer the low 32 bits, of a real the part
     /// before the point; a real that does not fit gives the nearest limit, NaN gives 0.
@@ -271,6 +289,7 @@ public:
             return {static_cast<int>(value)};
     }
 
+    /// A variant that holds \a version.
     [[nodiscard]] static QVariant toVariant(const SVersion &version);
 
 private:

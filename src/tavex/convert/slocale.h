@@ -16,15 +16,22 @@ class TAVEX_EXPORT SLocale
 public:
     /// The default locale with \a options.
     SLocale(QLocale::NumberOptions options = QLocale::DefaultNumberOptions);
+    /// \a locale with \a options in place of its own.
     SLocale(const QLocale &locale, QLocale::NumberOptions options = QLocale::DefaultNumberOptions);
     /// The locale that QLocale has for \a name, or Klingon for "tlh" in upper or lower case.
     SLocale(const QString &name, QLocale::NumberOptions options = QLocale::DefaultNumberOptions);
 
+    /// The locale that it stands for.
+    /// @{
     operator QLocale() const { return m_locale; }
     [[nodiscard]] const QLocale &locale() const noexcept { return m_locale; }
+    /// @}
 
+    /// The same as the static functions for locale().
+    /// @{
     [[nodiscard]] QString name(bool languageOnly = false) const;
     [[nodiscard]] QString nativeLanguageName() const;
+    /// @}
 
     /// Whether \a locale is of the Klingon language.
     [[nodiscard]] static bool isKlingon(const QLocale &locale);

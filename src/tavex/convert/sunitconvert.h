@@ -85,6 +85,7 @@ public:
 
     /// Each is called with a value and its unit: `toKiB(value, from)` is
     /// `binaryUnits(value, from, BinaryUnit::KiB)`.
+    /// @{
     static constexpr To<BinaryUnit::Byte> toBytes{};
     static constexpr To<BinaryUnit::KiB> toKiB{};
     static constexpr To<BinaryUnit::MiB> toMiB{};
@@ -94,6 +95,7 @@ public:
     static constexpr To<BinaryUnit::EiB> toEiB{};
     static constexpr To<BinaryUnit::ZiB> toZiB{};
     static constexpr To<BinaryUnit::YiB> toYiB{};
+    /// @}
 
     /// Brings \a value, given in \a unit, into the unit that reads best and returns that unit: the
     /// one in which the number is smallest and still greater than 1. (So 1024 bytes stay 1024
@@ -124,6 +126,7 @@ public:
 
     /// Each is called with a value and its prefix: `toKilo(value, from)` is
     /// `siPrefixes(value, from, SIPrefix::Kilo)`.
+    /// @{
     static constexpr To<SIPrefix::Yocto> toYocto{};
     static constexpr To<SIPrefix::Zepto> toZepto{};
     static constexpr To<SIPrefix::Atto> toAtto{};
@@ -145,6 +148,7 @@ public:
     static constexpr To<SIPrefix::Exa> toExa{};
     static constexpr To<SIPrefix::Zetta> toZetta{};
     static constexpr To<SIPrefix::Yotta> toYotta{};
+    /// @}
 
     /// \a value, given in \a from, in the unit \a to. Integers are multiplied and then divided as
     /// integers, in the type that \a value has after integer promotion: the product wraps round
@@ -158,12 +162,14 @@ public:
 
     /// Each is called with a value and its unit: `toMiles(value, from)` is
     /// `scsLengthUnits(value, from, SCSLengthUnit::Mile)`.
+    /// @{
     static constexpr To<SCSLengthUnit::Inch> toInches{};
     static constexpr To<SCSLengthUnit::Foot> toFoots{};
     static constexpr To<SCSLengthUnit::Yard> toYards{};
     static constexpr To<SCSLengthUnit::Rod> toRods{};
     static constexpr To<SCSLengthUnit::Furlong> toFurlongs{};
     static constexpr To<SCSLengthUnit::Mile> toMiles{};
+    /// @}
 
     /// \a value, given in the SI unit \a from, in the customary unit \a to. It is brought to
     /// centimetres, then to inches, then to \a to; integers are truncated after each of the three

@@ -24,6 +24,7 @@ public:
     /// A null \a converter is ignored.
     static void sVariantToStringRegister(int typeId, Converter converter);
 
+    /// Whether \a typeId has a converter.
     [[nodiscard]] static bool isSVariantToStringRegistered(int typeId);
 
     /// The converter of \a typeId, or null.

@@ -14,15 +14,18 @@ template <typename T>
 class SPointer
 {
 public:
+    /// Owns \a object; null is fine.
     explicit SPointer(T *object = nullptr) noexcept
         : m_object(object)
     {
     }
+    /// Takes over the object of \a other, and the ownership if \a other has it.
     SPointer(SPointer &&other) noexcept
         : m_object(other.m_object)
         , m_released(std::exchange(other.m_released, true))
     {
     }
+    /// The same, after the own object is deleted unless it was released.
     SPointer &operator=(SPointer &&other) noexcept
     {
         if (this != &other) {
@@ -41,9 +44,12 @@ public:
 
     /// The object, also after it was released.
     [[nodiscard]] T *get() const noexcept { return m_object; }
+    /// Member access to get(), which must not be null.
     T *operator->() const noexcept { return m_object; }
+    /// The object of get(), which must not be null.
     T &operator*() const noexcept { return *m_object; }
 
+    /// Whether the ownership was given up.
     [[nodiscard]] bool isReleased() const noexcept { return m_released; }
 
     /// Gives up the ownership; the caller now has to delete the object.
@@ -102,8 +108,11 @@ public:
     /// Deletes every object that the list owns.
     void clear() { std::exchange(m_entries, {}).clear(); }
 
+    /// Whether \a object is in the list.
     [[nodiscard]] bool contains(const T *object) const { return find(object) != m_entries.end(); }
+    /// Whether there is no object in the list.
     [[nodiscard]] bool isEmpty() const noexcept { return m_entries.empty(); }
+    /// The number of objects in the list.
     [[nodiscard]] qsizetype size() const noexcept
     {
         return static_cast<qsizetype>(m_entries.size());

@@ -20,7 +20,9 @@ namespace Quorvex {
 class SVersion
 {
 public:
+    /// The null version, 0.0.0.
     constexpr SVersion() noexcept = default;
+    /// Packs the three components, 0 to 255 each.
     constexpr SVersion(int major, int minor, int patch) noexcept
         : m_value(int((((uint(major) << 8) | uint(minor)) << 8) | uint(patch)))
     {
@@ -30,18 +32,25 @@ public:
         : m_value(value)
     {
     }
+    /// Takes a packed integer as it is.
     constexpr SVersion &operator=(int value) noexcept
     {
         m_value = value;
         return *this;
     }
 
+    /// The packed integer.
+    /// @{
     constexpr operator int() const noexcept { return m_value; }
     [[nodiscard]] constexpr int value() const noexcept { return m_value; }
+    /// @}
 
+    /// The component, 0 to 255.
+    /// @{
     [[nodiscard]] constexpr int major() const noexcept { return (m_value >> 16) & 0xFF; }
     [[nodiscard]] constexpr int minor() const noexcept { return (m_value >> 8) & 0xFF; }
     [[nodiscard]] constexpr int patch() const noexcept { return m_value & 0xFF; }
+    /// @}
 
     /// Replaces everything from bit 16 up, the mark of an invalid version included.
     constexpr void setMajor(int n) noexcept
@@ -56,10 +65,16 @@ public:
     /// Replaces the patch component and clears bits 24 to 31.
     constexpr void setPatch(int n) noexcept { m_value = int((uint(m_value) & 0xFFFF00) | uint(n)); }
 
+    /// The version that is \a n, which may be negative, further in that component. Carries cross
+    /// the borders.
+    /// @{
     [[nodiscard]] constexpr SVersion addMajor(int n) const noexcept { return plus(uint(n) << 16); }
     [[nodiscard]] constexpr SVersion addMinor(int n) const noexcept { return plus(uint(n) << 8); }
     [[nodiscard]] constexpr SVersion addPatch(int n) const noexcept { return plus(uint(n)); }
+    /// @}
 
+    /// One patch further.
+    /// @{
     constexpr SVersion &operator++() noexcept { return *this = plus(1); }
     constexpr SVersion operator++(int) noexcept
     {
@@ -67,6 +82,10 @@ public:
         ++*this;
         return old;
     }
+    /// @}
+
+    /// One patch back.
+    /// @{
     constexpr SVersion &operator--() noexcept { return *this = plus(~0U); }
     constexpr SVersion operator--(int) noexcept
     {
@@ -74,11 +93,14 @@ public:
         --*this;
         return old;
     }
+    /// @}
 
+    /// Adds the packed integers.
     friend constexpr SVersion operator+(SVersion a, SVersion b) noexcept
     {
         return a.plus(uint(b.m_value));
     }
+    /// Subtracts the packed integers.
     friend constexpr SVersion operator-(SVersion a, SVersion b) noexcept
     {
         return a.plus(0U - uint(b.m_value));
@@ -86,6 +108,8 @@ public:
 
     // Beside a plain number the conversions in both directions would be equally good, so each
     // operator says what it means: sums take packed versions, comparisons compare the packed value.
+    /// Adds or subtracts a packed version.
+    /// @{
     template <SInteger N>
     friend constexpr SVersion operator+(SVersion a, N b) noexcept
     {
@@ -106,7 +130,10 @@ public:
     {
         return SVersion(int(uint(a) - uint(b.m_value)));
     }
+    /// @}
 
+    /// Compares the packed integers; a number stands for a packed integer.
+    /// @{
     friend constexpr bool operator==(const SVersion &, const SVersion &) noexcept = default;
     friend constexpr auto operator<=>(const SVersion &, const SVersion &) noexcept = default;
     template <SNumber N>
@@ -119,12 +146,16 @@ public:
     {
         return compareNumbers(version.m_value, n);
     }
+    /// @}
 
+    /// Whether it is 0.0.0.
     [[nodiscard]] constexpr bool isNull() const noexcept { return m_value == 0; }
+    /// Whether the packed integer is not negative. The null version is valid.
     [[nodiscard]] constexpr bool isValid() const noexcept { return m_value >= 0; }
 
     /// The version of the library that the program runs with.
     [[nodiscard]] TAVEX_EXPORT static SVersion currentVersion() noexcept;
+    /// The version with the packed integer -1.
     [[nodiscard]] static constexpr SVersion invalidVersion() noexcept { return {-1}; }
 
 private:

@@ -6,10 +6,10 @@
 namespace Quorvex {
 
 #define TAVEX_CONCURRENCEMODE_KEYS(KEY)                                                            \
-    KEY(Default, 1) /* no number of its own */                                                     \
+    KEY(Default, 1) /**< no number of its own */                                                   \
     KEY(Half, 2)                                                                                   \
-    KEY(MoreThanHalf, 3) /* three quarters */                                                      \
-    KEY(AlmostFull, 4)   /* all but one */                                                         \
+    KEY(MoreThanHalf, 3) /**< three quarters */                                                    \
+    KEY(AlmostFull, 4)   /**< all but one */                                                       \
     KEY(Full, 5)
 
 /// How many of the processors a program is to use.

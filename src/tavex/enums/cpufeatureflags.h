@@ -64,6 +64,7 @@ namespace Quorvex {
 /// those of Arm.
 TAVEX_ENUM(CpuFeatureFlags, quint64, TAVEX_CPUFEATUREFLAGS_KEYS);
 
+/// It is a set of flags.
 template <>
 inline constexpr bool isFlagSetType<CpuFeatureFlags> = true;
 

@@ -13,6 +13,7 @@ enum class EnumTranslationOptions : quint32 {
     NoKeyFallback = 4,     ///< an empty text instead of the key when nothing was found
 };
 
+/// It is a set of flags.
 template <>
 inline constexpr bool isFlagSetType<EnumTranslationOptions> = true;
 

@@ -38,6 +38,7 @@ protected:
     /// at the end of the constructor of the most derived class.
     void loadRuntimeKeys();
 
+    /// All keys in the order in which they were added.
     [[nodiscard]] const QStringList &allKeys() const noexcept { return m_order; }
 
     /// The last key of \a value, or else the number in decimal as \a locale writes it.

@@ -23,7 +23,7 @@ namespace Quorvex {
     KEY(Windows_CE__NET, 0x200)                                                                    \
     KEY(Windows_CE_5_0, 0x300)                                                                     \
     KEY(Windows_CE_6_0, 0x400)                                                                     \
-    KEY(Windows, 0xFFF) /* any Windows */                                                          \
+    KEY(Windows, 0xFFF) /**< any Windows */                                                        \
     KEY(Mac_OS_9, 0x1000)                                                                          \
     KEY(macOS_10_12, 0x2000)                                                                       \
     KEY(macOS_10_13, 0x3000)                                                                       \
@@ -31,9 +31,9 @@ namespace Quorvex {
     KEY(macOS_10_15, 0x5000)                                                                       \
     KEY(macOS_11_0, 0x6000)                                                                        \
     KEY(macOS_12_0, 0x7000)                                                                        \
-    KEY(macOS, 0x3F000) /* any macOS */                                                            \
-    KEY(OS_X, 0x3F000)  /* the older name of macOS */                                              \
-    KEY(iOS, 0x100000)  /* any iOS */                                                              \
+    KEY(macOS, 0x3F000) /**< any macOS */                                                          \
+    KEY(OS_X, 0x3F000)  /**< the older name of macOS */                                            \
+    KEY(iOS, 0x100000)  /**< any iOS */                                                            \
     KEY(iOS_15_0, 0x1F0000)                                                                        \
     KEY(Linux, 0x1000000)                                                                          \
     KEY(Android, 0x2000000)                                                                        \

@@ -10,7 +10,7 @@ namespace Quorvex {
     KEY(iOS, 2)                                                                                    \
     KEY(Windows, 3)                                                                                \
     KEY(Linux, 4)                                                                                  \
-    KEY(BSD_, 5) /* the underscore keeps clear of system headers that define BSD */                \
+    KEY(BSD_, 5) /**< the underscore keeps clear of system headers that define BSD */              \
     KEY(Unix, 6)                                                                                   \
     KEY(Android, 7)                                                                                \
     KEY(Symbian, 8)

@@ -13,18 +13,25 @@
 /// declares the enumeration Bool, its key table Bool_T and its translator Bool_TR. Their
 /// definitions and what happens to them at load follow from one line in core/startup.cpp.
 
+/// One row of a table for TAVEX_ENUM().
+/// @{
 #define TAVEX_ENUMERATOR(Key, Value) Key = (Value),
 #define TAVEX_ENUM_ROW(Key, Value) {Enum::Key, u"" #Key},
+/// @}
 
+/// Declares the enumeration Name and its key table from the table KEYS; followed by a semicolon.
 #define TAVEX_ENUM(Name, Underlying, KEYS)                                                         \
     enum class Name : Underlying { KEYS(TAVEX_ENUMERATOR) };                                       \
+    /** The table of the Name keys. */                                                             \
     class TAVEX_EXPORT Name##_T final : public SEnumBase<Name, Underlying>                         \
     {                                                                                              \
     public:                                                                                        \
+        /** The one table, made at first use. */                                                   \
         [[nodiscard]] static const Name##_T &instance();                                           \
         [[nodiscard]] QString name() const override;                                               \
         [[nodiscard]] bool isFlagSet() const override;                                             \
                                                                                                    \
+        /** All values with their keys, in the order of declaration. */                            \
         static constexpr SEnumKey<Name> rows[] = {KEYS(TAVEX_ENUM_ROW)};                           \
                                                                                                    \
     private:                                                                                       \

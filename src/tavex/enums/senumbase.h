@@ -12,6 +12,7 @@ namespace Quorvex {
 template <typename E>
 struct SEnumKey
 {
+    /// The value; several rows may have the same.
     E value;
     const char16_t *key; ///< Usually the enumerator's name. Not copied: it has to stay.
 };
@@ -26,6 +27,7 @@ class SEnumBase : public ISEnum
     static_assert(std::is_same_v<U, std::underlying_type_t<E>>);
 
 public:
+    /// The enumeration.
     using Enum = E;
 
     /// The key of \a value; of several keys, the last. A value without a key gives its number in
@@ -40,6 +42,7 @@ public:
     [[nodiscard]] virtual QStringList keys() const { return allKeys(); }
 
 protected:
+    /// Takes the rows of the table in the order of the enumerators.
     explicit SEnumBase(std::span<const SEnumKey<E>> rows)
     {
         for (const SEnumKey<E> &row : rows)

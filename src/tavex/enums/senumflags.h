@@ -9,9 +9,12 @@ namespace Quorvex {
 template <typename E>
 inline constexpr bool isFlagSetType = false;
 
+/// An enumeration that is a set of flags.
 template <typename E>
 concept SFlagSet = std::is_enum_v<E> && isFlagSetType<E>;
 
+/// The operator on the bits.
+/// @{
 template <SFlagSet E>
 [[nodiscard]] constexpr E operator|(E a, E b) noexcept
 {
@@ -56,6 +59,7 @@ constexpr E &operator^=(E &a, E b) noexcept
 {
     return a = a ^ b;
 }
+/// @}
 
 /// Whether \a set has at least one of the bits of \a flags.
 template <SFlagSet E>

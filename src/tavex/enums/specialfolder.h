@@ -14,7 +14,7 @@ namespace Quorvex {
     KEY(PicturesLocation, 6)                                                                       \
     KEY(TempLocation, 7)                                                                           \
     KEY(HomeLocation, 8)                                                                           \
-    KEY(DataLocation, 9) /* the older name of AppLocalDataLocation */                              \
+    KEY(DataLocation, 9) /**< the older name of AppLocalDataLocation */                            \
     KEY(CacheLocation, 10)                                                                         \
     KEY(GenericDataLocation, 11)                                                                   \
     KEY(RuntimeLocation, 12)                                                                       \
@@ -25,9 +25,9 @@ namespace Quorvex {
     KEY(AppDataLocation, 17)                                                                       \
     KEY(AppLocalDataLocation, 9)                                                                   \
     KEY(AppConfigLocation, 18)                                                                     \
-    KEY(RootLocation, 100)       /* root of the file system */                                     \
-    KEY(CommonDataLocation, 101) /* application data shared by all users */                        \
-    KEY(ColorFolder, 102)        /* installed colour profiles */
+    KEY(RootLocation, 100)       /**< root of the file system */                                   \
+    KEY(CommonDataLocation, 101) /**< application data shared by all users */                      \
+    KEY(ColorFolder, 102)        /**< installed colour profiles */
 
 /// A folder with a purpose. Values below 100 are those of QStandardPaths::StandardLocation.
 TAVEX_ENUM(SpecialFolder, qint32, TAVEX_SPECIALFOLDER_KEYS);

@@ -18,11 +18,13 @@ namespace Quorvex {
 class TAVEX_EXPORT SDir
 {
 public:
+    /// Stands for the directory at \a path.
     explicit SDir(QString path)
         : m_path(std::move(path))
     {
     }
 
+    /// The path as it was given.
     [[nodiscard]] const QString &path() const noexcept { return m_path; }
 
     /// Whether the directory exists on a volume for which no server has to be asked. Waits for no
@@ -37,6 +39,7 @@ public:
     /// begins with path().
     [[nodiscard]] QList<QString> search(const QList<QString> &nameFilters, QDir::Filters filters,
         const QDirIterator::IteratorFlags &flags) const;
+    /// The same for the directory at \a path.
     [[nodiscard]] static QList<QString> search(const QString &path,
         const QList<QString> &nameFilters, QDir::Filters filters,
         const QDirIterator::IteratorFlags &flags);
@@ -68,6 +71,7 @@ public:
     /// is not free. A " - " and what follows it at the end of the name are taken off before.
     [[nodiscard]] static QString uniqueEnumeratedPath(const QString &path);
 
+    /// Compares the paths as texts; pathCompare() knows more.
     friend bool operator==(const SDir &, const SDir &) noexcept = default;
 
 private:

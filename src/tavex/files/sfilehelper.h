@@ -73,6 +73,7 @@ public:
 
     /// Registers a file or a folder; nothing if it does not exist.
     static const QString &deleteOnExit(const QString &path);
+    /// The same for each of \a paths.
     static const QList<QString> &deleteOnExit(const QList<QString> &paths);
 
     /// Deletes what is registered: folders first, each kind in the order of registration. What

@@ -13,8 +13,11 @@ class TAVEX_EXPORT STemporaryFile : public QFile
     Q_OBJECT
 
 public:
+    /// The file \a fileName.
+    /// @{
     explicit STemporaryFile(const QString &fileName);
     STemporaryFile(const QString &fileName, QObject *parent);
+    /// @}
     /// A file with a name of its own in the user's temporary folder.
     explicit STemporaryFile(QObject *parent = nullptr);
     Q_DISABLE_COPY_MOVE(STemporaryFile)

@@ -19,11 +19,12 @@ public:
     /// The object as text. Which formats there are, each class says; an empty one is its default.
     [[nodiscard]] virtual QString toString(const QString &format, const QLocale &locale) = 0;
 
-    // Without a format it is the empty one, without a locale the default one.
-
+    /// Without a format it is the empty one, without a locale the default one.
+    /// @{
     [[nodiscard]] virtual QString toString(const QLocale &locale) final;
     [[nodiscard]] virtual QString toString(const QString &format) final;
     [[nodiscard]] virtual QString toString() final;
+    /// @}
     virtual ~IFormattable();
 
 protected:

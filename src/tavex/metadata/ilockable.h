@@ -10,7 +10,9 @@ class TAVEX_EXPORT ILockable
 public:
     virtual ~ILockable();
 
+    /// Waits until nobody else holds the object, then holds it.
     virtual void lock() = 0;
+    /// Gives the object free. To be called once for each lock().
     virtual void unlock() = 0;
 
 protected:

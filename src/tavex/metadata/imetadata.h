@@ -19,7 +19,9 @@ class TAVEX_EXPORT IMetadata : public ICloneable,
 public:
     ~IMetadata() override;
 
+    /// Whether there is no value at all.
     [[nodiscard]] virtual bool isNull() const = 0;
+    /// Whether the value has nothing in it, such as an empty text; true for null.
     [[nodiscard]] virtual bool isEmpty() const = 0;
 
     /// When an owner is to drop the value.

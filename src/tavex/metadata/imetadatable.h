@@ -16,6 +16,7 @@ public:
     /// Removes and deletes every value.
     virtual void clearMetadata() = 0;
 
+    /// The number of values.
     [[nodiscard]] virtual qsizetype metadataCount() const = 0;
 
     /// All values, in no particular order. They stay with the object.
@@ -36,6 +37,7 @@ public:
     /// Removes and deletes the value under \a id, if there is one.
     virtual void removeMetadata(const quint64 &id) = 0;
 
+    /// Whether there is a value under \a id.
     [[nodiscard]] virtual bool hasMetadata(const quint64 &id) const = 0;
 
 protected:

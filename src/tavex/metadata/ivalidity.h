@@ -10,6 +10,7 @@ class TAVEX_EXPORT IValidity
 public:
     virtual ~IValidity();
 
+    /// Whether the object can be used.
     [[nodiscard]] virtual bool isValid() const = 0;
 
 protected:

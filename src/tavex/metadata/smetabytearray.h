@@ -11,14 +11,19 @@ namespace Quorvex {
 class TAVEX_EXPORT SMetaByteArray : public Interfaces::IMetadata
 {
 public:
+    /// Holds \a value.
     SMetaByteArray(const QByteArray &value);
     SMetaByteArray(const SMetaByteArray &) = default;
     SMetaByteArray &operator=(const SMetaByteArray &) = default;
     ~SMetaByteArray() override;
 
+    /// The bytes.
+    /// @{
     [[nodiscard]] const QByteArray &value() const noexcept { return m_value; }
     operator QByteArray() const { return m_value; }
+    /// @}
 
+    /// Compares what both hold, whatever their classes.
     [[nodiscard]] bool operator==(const SMetaByteArray &other) const
     {
         return m_value == other.m_value;

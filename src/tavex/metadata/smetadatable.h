@@ -16,16 +16,25 @@ namespace Quorvex {
 class TAVEX_EXPORT SMetadatable : public Interfaces::IMetadatable
 {
 public:
+    /// The interface, in the scope of the class.
+    /// @{
     using IMetadata = Interfaces::IMetadata;
     using IMetadatable = Interfaces::IMetadatable;
+    /// @}
 
+    /// Without values.
     SMetadatable();
     /// Clones all values of \a other, whatever their flags. Null has none.
+    /// @{
     SMetadatable(const SMetadatable &other);
     explicit SMetadatable(IMetadatable *other);
+    /// @}
+
     /// Replaces all values by clones of those of \a other, whatever their flags. Null has none.
+    /// @{
     SMetadatable &operator=(const SMetadatable &other);
     SMetadatable &operator=(IMetadatable *other);
+    /// @}
     ~SMetadatable() override;
 
     /// Whether both hold the same number of values and each value here equals its counterpart.

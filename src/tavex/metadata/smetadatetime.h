@@ -11,14 +11,19 @@ namespace Quorvex {
 class TAVEX_EXPORT SMetaDateTime : public Interfaces::IMetadata
 {
 public:
+    /// Holds \a value.
     SMetaDateTime(const QDateTime &value);
     SMetaDateTime(const SMetaDateTime &) = default;
     SMetaDateTime &operator=(const SMetaDateTime &) = default;
     ~SMetaDateTime() override;
 
+    /// The time stamp.
+    /// @{
     [[nodiscard]] const QDateTime &value() const noexcept { return m_value; }
     operator QDateTime() const { return m_value; }
+    /// @}
 
+    /// Compares what both hold, whatever their classes.
     [[nodiscard]] bool operator==(const SMetaDateTime &other) const
     {
         return m_value == other.m_value;

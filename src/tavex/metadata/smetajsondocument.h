@@ -11,14 +11,19 @@ namespace Quorvex {
 class TAVEX_EXPORT SMetaJsonDocument : public Interfaces::IMetadata
 {
 public:
+    /// Holds \a value.
     SMetaJsonDocument(const QJsonDocument &value);
     SMetaJsonDocument(const SMetaJsonDocument &) = default;
     SMetaJsonDocument &operator=(const SMetaJsonDocument &) = default;
     ~SMetaJsonDocument() override;
 
+    /// The document.
+    /// @{
     [[nodiscard]] const QJsonDocument &value() const noexcept { return m_value; }
     operator QJsonDocument() const { return m_value; }
+    /// @}
 
+    /// Compares what both hold, whatever their classes.
     [[nodiscard]] bool operator==(const SMetaJsonDocument &other) const
     {
         return m_value == other.m_value;

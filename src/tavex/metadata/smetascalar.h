@@ -4,12 +4,14 @@
 
 namespace Quorvex {
 
-// Declares the class Name, which holds a T. It is a class, not the name of a template's instance,
-// so that its run-time type bears its name, and the library exports it and its virtual table whole.
+/// Declares the class Name, which holds a T. It is a class, not the name of a template's instance,
+/// so that its run-time type bears its name, and the library exports it and its virtual table
+/// whole.
 #define TAVEX_META_SCALAR(Name, T)                                                                 \
     class TAVEX_EXPORT Name : public SMetaVariant                                                  \
     {                                                                                              \
     public:                                                                                        \
+        /** Holds \a value. */                                                                     \
         Name(const T &value);                                                                      \
         template <typename P>                                                                      \
         Name(P *) = delete;                                                                        \
@@ -17,32 +19,44 @@ namespace Quorvex {
         Name &operator=(const Name &) = default;                                                   \
         ~Name() override;                                                                          \
                                                                                                    \
+        /** What the variant holds, converted by QMetaType if an assignment through SMetaVariant   \
+            left something else there. */                                                          \
+        /** @{ */                                                                                  \
         [[nodiscard]] T value() const;                                                             \
         operator T() const { return value(); }                                                     \
+        /** @} */                                                                                  \
                                                                                                    \
         [[nodiscard]] Name *clone() const override;                                                \
         [[nodiscard]] QString name() override;                                                     \
         [[nodiscard]] quint64 id() const override;                                                 \
+        /** The id() of every object of the class. */                                              \
         [[nodiscard]] static quint64 uniqueId();                                                   \
     }
 
 /// \file
-/// Metadata values of one number or truth value. Each class has
-/// - a constructor from its type T, and the conversion to it;
-/// - `value()`, a T: what the variant holds, converted by QMetaType if an assignment through
-///   SMetaVariant left something else there;
-/// - `name()`, the class's name, and the static `uniqueId()`, which is also the `id()`.
+/// Metadata values of one number or truth value.
 
+/// A signed 8-bit integer as metadata.
 TAVEX_META_SCALAR(SMetaInt8, qint8);
+/// An unsigned 8-bit integer as metadata.
 TAVEX_META_SCALAR(SMetaUInt8, quint8);
+/// A signed 16-bit integer as metadata.
 TAVEX_META_SCALAR(SMetaInt16, qint16);
+/// An unsigned 16-bit integer as metadata.
 TAVEX_META_SCALAR(SMetaUInt16, quint16);
+/// A signed 32-bit integer as metadata.
 TAVEX_META_SCALAR(SMetaInt32, qint32);
+/// An unsigned 32-bit integer as metadata.
 TAVEX_META_SCALAR(SMetaUInt32, quint32);
+/// A signed 64-bit integer as metadata.
 TAVEX_META_SCALAR(SMetaInt64, qint64);
+/// An unsigned 64-bit integer as metadata.
 TAVEX_META_SCALAR(SMetaUInt64, quint64);
+/// A `float` as metadata.
 TAVEX_META_SCALAR(SMetaSingle, float);
+/// A `double` as metadata.
 TAVEX_META_SCALAR(SMetaDouble, double);
+/// A `bool` as metadata.
 TAVEX_META_SCALAR(SMetaBool, bool);
 
 } // namespace Quorvex

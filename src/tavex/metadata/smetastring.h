@@ -11,14 +11,19 @@ namespace Quorvex {
 class TAVEX_EXPORT SMetaString : public Interfaces::IMetadata
 {
 public:
+    /// Holds \a value.
     SMetaString(const QString &value);
     SMetaString(const SMetaString &) = default;
     SMetaString &operator=(const SMetaString &) = default;
     ~SMetaString() override;
 
+    /// The text.
+    /// @{
     [[nodiscard]] QString value() const noexcept { return m_value; }
     operator QString() const { return m_value; }
+    /// @}
 
+    /// Compares what both hold, whatever their classes.
     [[nodiscard]] bool operator==(const SMetaString &other) const
     {
         return m_value == other.m_value;

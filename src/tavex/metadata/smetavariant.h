@@ -13,6 +13,7 @@ namespace Quorvex {
 class TAVEX_EXPORT SMetaVariant : public Interfaces::IMetadata
 {
 public:
+    /// Holds \a value.
     SMetaVariant(QVariant value)
         : m_value(std::move(value))
     {
@@ -21,8 +22,11 @@ public:
     SMetaVariant &operator=(const SMetaVariant &) = default;
     ~SMetaVariant() override;
 
+    /// The variant.
+    /// @{
     [[nodiscard]] const QVariant &value() const noexcept { return m_value; }
     operator QVariant() const { return m_value; }
+    /// @}
 
     /// Compares the variants, not the classes.
     [[nodiscard]] bool operator==(const SMetaVariant &other) const

@@ -16,8 +16,10 @@ template <std::semiregular T>
 class SArray
 {
 public:
+    /// The type of the elements.
     using value_type = T;
 
+    /// An empty array.
     SArray() noexcept = default;
     /// \a size elements, all zero (`T()`). A negative size counts as 0; where there is not enough
     /// memory, the array is empty.
@@ -26,16 +28,19 @@ public:
         , m_size(m_data ? size : 0)
     {
     }
+    /// Copies the elements; the array is empty where there is not enough memory.
     SArray(const SArray &other)
         : SArray(other.m_size)
     {
         std::copy_n(other.begin(), m_size, begin());
     }
+    /// Takes over the elements of \a other, which is empty then.
     SArray(SArray &&other) noexcept
         : m_data(std::move(other.m_data))
         , m_size(std::exchange(other.m_size, 0))
     {
     }
+    /// Takes over elements and size.
     SArray &operator=(SArray other) noexcept
     {
         std::swap(m_data, other.m_data);
@@ -44,7 +49,9 @@ public:
     }
     ~SArray() = default;
 
+    /// The number of elements.
     [[nodiscard]] qsizetype size() const noexcept { return m_size; }
+    /// Whether there is no element.
     [[nodiscard]] bool isEmpty() const noexcept { return m_size == 0; }
 
     /// The element at \a index, or zero (`T()`) if there is none.
@@ -53,6 +60,7 @@ public:
         return index >= 0 && index < m_size ? (*this)[index] : T();
     }
     /// The element at \a index, which has to be one of the array: nothing checks it.
+    /// @{
     [[nodiscard]] T &operator[](qsizetype index) noexcept
     {
         return m_data[static_cast<std::size_t>(index)];
@@ -61,19 +69,26 @@ public:
     {
         return m_data[static_cast<std::size_t>(index)];
     }
+    /// @}
 
     /// The elements, which lie one behind the other; null if the array is empty.
+    /// @{
     [[nodiscard]] T *data() noexcept { return m_data.get(); }
     [[nodiscard]] const T *data() const noexcept { return m_data.get(); }
+    /// @}
 
+    /// The range of the elements, for loops and algorithms.
+    /// @{
     [[nodiscard]] T *begin() noexcept { return data(); }
     [[nodiscard]] T *end() noexcept { return data() + m_size; }
     [[nodiscard]] const T *begin() const noexcept { return data(); }
     [[nodiscard]] const T *end() const noexcept { return data() + m_size; }
+    /// @}
 
     /// Makes every element \a value.
     void fill(const T &value) { std::fill(begin(), end(), T(value)); }
 
+    /// Whether both have the same number of elements and each equals its counterpart.
     [[nodiscard]] friend bool operator==(
         const SArray &a, const SArray &b) requires std::equality_comparable<T>
     {

@@ -37,23 +37,30 @@ namespace Quorvex {
 class TAVEX_EXPORT SCrc32
 {
 public:
+    /// The generator polynomial of IEEE 802.3, most significant bit first.
     static constexpr uint DefaultPolynomial = 0x04C11DB7;
 
+    /// A calculator for \a polynomial, whose most significant bit comes first and whose term of the
+    /// 32nd power is left out.
     explicit SCrc32(uint polynomial = DefaultPolynomial) noexcept;
 
     /// The value that the register starts with.
     [[nodiscard]] static constexpr uint initValue() noexcept { return 0xFFFFFFFF; }
 
+    /// The generator polynomial.
     [[nodiscard]] uint polynomial() const noexcept { return m_polynomial; }
+    /// The register: the result for everything that was fed.
+    /// @{
     [[nodiscard]] uint value() const noexcept { return m_value; }
     operator uint() const noexcept { return m_value; }
+    /// @}
 
     /// Starts afresh with the same polynomial.
     void clear() noexcept { m_value = initValue(); }
 
-    // Each update() goes on from the given register or, without one, from value(); calculate()
-    // starts afresh. All of them store the new register and return it.
-
+    /// Goes on from the given register or, without one, from value(), stores the new register and
+    /// returns it.
+    /// @{
     uint update(uint crc, const char *data, quint64 length) noexcept
     {
         // Inline, so that a number costs no more than its look-ups.
@@ -84,7 +91,10 @@ public:
         return update(bytes.data(), sizeof(T));
     }
     uint update(const char *) = delete;
+    /// @}
 
+    /// Starts afresh, stores the new register and returns it.
+    /// @{
     uint calculate(const char *data, quint64 length) noexcept
     {
         return update(initValue(), data, length);
@@ -114,23 +124,30 @@ public:
         return update(number);
     }
     uint calculate(const char *) = delete;
+    /// @}
 
+    /// The result for the data alone.
+    /// @{
     [[nodiscard]] static uint hash(
         const QByteArray &data, uint polynomial = DefaultPolynomial) noexcept;
     [[nodiscard]] static uint hash(const QByteArray &data, quint64 from, quint64 to,
         uint polynomial = DefaultPolynomial) noexcept;
     [[nodiscard]] static uint hash(const QString &text, uint polynomial = DefaultPolynomial);
     [[nodiscard]] static uint hash(const char *, uint polynomial = DefaultPolynomial) = delete;
+    /// @}
 
     /// Reads \a device from where it stands to its end, in chunks of 65,536 bytes, waiting for data
     /// where the device can. The device is neither opened nor rewound. \a ok may be null; it
     /// becomes false if the device is null or not open for reading, or if reading fails. The result
     /// is then the register so far. A sequential device cannot tell its end from a failure, which
     /// counts as its end.
+    /// @{
     [[nodiscard]] static uint hash(
         QIODevice *device, bool *ok, uint polynomial = DefaultPolynomial);
     [[nodiscard]] static uint hash(QIODevice *device, uint polynomial = DefaultPolynomial);
+    /// @}
 
+    /// Compares value and polynomial.
     friend bool operator==(const SCrc32 &a, const SCrc32 &b) noexcept
     {
         return a.m_value == b.m_value && a.m_polynomial == b.m_polynomial;

@@ -22,17 +22,20 @@ public:
         : m_state(seed)
     {
     }
+    /// Starts afresh at \a seed.
     void seed(uint seed) noexcept { m_state = seed; }
 
     /// A fixed seed for programs that want the same numbers at every run.
     [[nodiscard]] static constexpr uint legacySeed() noexcept { return 0x5A5A5A5A; }
 
     /// A seed that depends on all bytes of \a data. Null or empty data gives one from the clock.
+    /// @{
     [[nodiscard]] static uint defaultSeed(const char *data, quint64 length) noexcept;
     [[nodiscard]] static uint defaultSeed(const QByteArray &data) noexcept
     {
         return defaultSeed(data.constData(), quint64(data.size()));
     }
+    /// @}
 
     /// The next number, from 0 to 2^31 - 2. (0 comes only from a seed that 2^31 - 1 divides.)
     int next() noexcept
@@ -53,11 +56,14 @@ public:
     /// the state stays.
     double nextDouble(double min, double max) noexcept;
 
-    /// Give every element the next number, in the order of the indices.
+    /// Gives every element the next number, in the order of the indices: next(), or nextDouble()
+    /// for reals.
+    /// @{
     void fill(QList<int> &list) { fill(list.data(), list.size()); }
     void fill(SArray<int> &array) noexcept { fill(array.data(), array.size()); }
     void fill(QList<double> &list) { fill(list.data(), list.size()); }
     void fill(SArray<double> &array) noexcept { fill(array.data(), array.size()); }
+    /// @}
 
     /// Writes \a size bytes: four of every number that follows \a seed, the lowest first. (A number
     /// has 31 bits, so every fourth byte is below 128.) Nothing is written if \a data is null or

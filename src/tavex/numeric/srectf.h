@@ -18,23 +18,34 @@ namespace Quorvex {
 class SRectF
 {
 public:
+    /// All 0.
     constexpr SRectF() noexcept = default;
+    /// From its numbers, as they are.
     constexpr SRectF(qreal x, qreal y, qreal width, qreal height) noexcept
         : m_value(x, y, width, height)
     {
     }
+    /// From Qt's type.
     constexpr SRectF(const QRectF &value) noexcept
         : m_value(value)
     {
     }
+    /// As Qt's type.
+    /// @{
     constexpr operator QRectF() const noexcept { return m_value; }
     [[nodiscard]] constexpr const QRectF &value() const noexcept { return m_value; }
+    /// @}
 
+    /// One of its numbers.
+    /// @{
     [[nodiscard]] constexpr qreal x() const noexcept { return m_value.x(); }
     [[nodiscard]] constexpr qreal y() const noexcept { return m_value.y(); }
     [[nodiscard]] constexpr qreal width() const noexcept { return m_value.width(); }
     [[nodiscard]] constexpr qreal height() const noexcept { return m_value.height(); }
+    /// @}
 
+    /// Whether all numbers are equal, exactly; false where one is NaN.
+    /// @{
     friend constexpr bool operator==(const SRectF &a, const SRectF &b) noexcept
     {
         return a.x() == b.x() && a.y() == b.y() && a.width() == b.width()
@@ -44,9 +55,11 @@ public:
     {
         return a == SRectF(b);
     }
+    /// @}
 
+    /// The text, in the form that the class describes.
     [[nodiscard]] TAVEX_EXPORT QString toString(const QLocale &locale = QLocale()) const;
-    /// Nothing if \a text is no such text.
+    /// What \a text stands for; nothing if it is no such text.
     [[nodiscard]] TAVEX_EXPORT static std::optional<SRectF> fromString(
         const QString &text, const QLocale &locale = QLocale());
 

@@ -25,6 +25,7 @@ class TAVEX_EXPORT IProgress
 public:
     Q_DISABLE_COPY_MOVE(IProgress)
 
+    /// What peers share: progress, abort, or both.
     enum Peers { ProgressPeers = 1, AbortPeers = 2, AllPeers = ProgressPeers | AbortPeers };
 
     /// At 0, not aborted and without peers.
@@ -38,8 +39,10 @@ public:
     /// Asks the task to stop, and then each abort peer that is not aborted.
     virtual void abort();
 
+    /// Whether the task is asked to stop.
     [[nodiscard]] virtual bool isAborted() const;
 
+    /// The progress, 0 to 100.
     [[nodiscard]] virtual int progress() const;
 
     /// Sets the progress to \a value, cut to 0 to 100, and passes \a value itself on to each
@@ -55,8 +58,11 @@ public:
     /// Undoes link() for the given sets.
     static void unlink(IProgress *a, IProgress *b, Peers peers = AllPeers);
 
+    /// The reporters that are linked to this one in that way.
+    /// @{
     [[nodiscard]] QSet<IProgress *> progressPeers() const;
     [[nodiscard]] QSet<IProgress *> abortPeers() const;
+    /// @}
 
 protected:
     class Lock;
@@ -67,6 +73,7 @@ protected:
     {
     public:
         Q_DISABLE_COPY_MOVE(Locker)
+        /// Waits for the lock of \a progress.
         explicit Locker(const IProgress &progress);
         ~Locker();
 
@@ -83,6 +90,7 @@ protected:
     /// The second half of exchangeProgress().
     void passOn(int value, bool back = true);
 
+    /// Undoes every link() of this reporter.
     void unlinkAll();
 
     /// Takes the lock of \a other in place of the own, which no other thread may know yet.

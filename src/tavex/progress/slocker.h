@@ -12,6 +12,7 @@ class SLocker
 public:
     Q_DISABLE_COPY_MOVE(SLocker)
 
+    /// Waits for \a lockable, which has to outlive the object.
     explicit SLocker(const Interfaces::ILockable *lockable)
         : m_lockable(const_cast<Interfaces::ILockable *>(lockable))
     {

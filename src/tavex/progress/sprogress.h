@@ -13,11 +13,14 @@ class TAVEX_EXPORT SProgress : public QObject, public Quorvex::Interfaces::IProg
     Q_INTERFACES(Quorvex::Interfaces::IProgress)
 
 public:
+    /// At 0, not aborted and without peers.
     explicit SProgress(QObject *parent = nullptr);
     ~SProgress() override;
 
 public Q_SLOTS:
+    /// As IProgress says; emits reportProgress() if the progress has changed.
     void setProgress(int value) override;
+    /// As IProgress says; emits aborting() the first time.
     void abort() override;
 
 Q_SIGNALS:

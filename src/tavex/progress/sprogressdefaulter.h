@@ -9,6 +9,7 @@ namespace Quorvex {
 class SProgressDefaulter
 {
 public:
+    /// Resets \a progress, which has to outlive the object.
     explicit SProgressDefaulter(Interfaces::IProgress *progress = nullptr)
         : m_progress(progress)
     {

@@ -28,14 +28,18 @@ public:
     explicit SProgressPool(QObject *parent = nullptr);
     ~SProgressPool() override;
 
-    /// Null if there is no such child or it was deleted.
+    /// A child; null if there is no such one or it was deleted.
+    /// @{
     [[nodiscard]] SProgress *at(int index) const;
     [[nodiscard]] SProgress *first() const;
     [[nodiscard]] SProgress *last() const;
+    /// @}
 
     /// The number of children that it was made with, and whether that is 0.
+    /// @{
     [[nodiscard]] int count() const;
     [[nodiscard]] bool isEmpty() const;
+    /// @}
 
 public Q_SLOTS:
     /// Aborts all children, then the pool. Emits aborting() for each child that was not aborted and
@@ -49,7 +53,9 @@ private Q_SLOTS:
     void onProgressChanged();
 
 Q_SIGNALS:
+    /// The progress of the pool is now \a value.
     void reportProgress(qint32 value);
+    /// See abort().
     void aborting();
 
 private:

@@ -15,8 +15,10 @@ class TAVEX_EXPORT SSignalResult : public QObject
     Q_OBJECT
 
 public:
+    /// Without an outcome.
     explicit SSignalResult(QObject *parent = nullptr);
 
+    /// Whether the outcome is a success; false also as long as there is none.
     [[nodiscard]] bool succeeded() const;
 
     /// Runs an event loop until finished() is emitted, then returns succeeded(). It only hears of
@@ -24,10 +26,14 @@ public:
     bool waitResult();
 
 public Q_SLOTS:
+    /// Tells the outcome. The first call stays and emits finished(); further ones do nothing.
+    /// @{
     void success();
     void failed();
+    /// @}
 
 Q_SIGNALS:
+    /// There is an outcome.
     void finished();
 
 private:

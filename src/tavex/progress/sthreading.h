@@ -15,13 +15,17 @@ public:
 
     /// The process's own number of threads: SSysInfo::cpuCount() until it is set.
     [[nodiscard]] static int defaultConcurrence();
-    /// A mode or a \a count that gives less than 1 sets SSysInfo::cpuCount().
+    /// Sets it. A mode or a \a count that gives less than 1 sets SSysInfo::cpuCount().
+    /// @{
     static void setDefaultConcurrence(const ConcurrenceMode &mode);
     static void setDefaultConcurrence(int count);
+    /// @}
 
     /// A number that the application sets for its own use, 1 at first.
+    /// @{
     [[nodiscard]] static int threadsPerCore();
     static void setThreadsPerCore(int count);
+    /// @}
 };
 
 } // namespace Quorvex

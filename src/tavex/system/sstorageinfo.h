@@ -28,6 +28,7 @@ public:
     /// Every mounted volume, without those by which the system shows its own state.
     [[nodiscard]] static QList<SStorageInfo> volumes();
 
+    /// Whether it stands for a volume.
     [[nodiscard]] bool isValid() const noexcept { return !m_rootPath.isEmpty(); }
 
     /// The path as it was given.

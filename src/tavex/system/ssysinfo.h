@@ -25,6 +25,7 @@ public:
     [[nodiscard]] static OperatingSystem operatingSystem(
         bool named, const QOperatingSystemVersion &version, const QString &kernelType);
 
+    /// The family of the running system.
     [[nodiscard]] static OperatingSystemType operatingSystemType();
 
     /// The family of \a os; a value without a key where the enumeration has none for it.
@@ -43,8 +44,9 @@ public:
     /// The marketing name of the running system.
     [[nodiscard]] static QString operatingSystemCodeName();
 
-    // Whether the running system is of that family. The lines of Windows cannot be told apart on a
-    // version that is not known: all three are then true.
+    /// Whether the running system is of that family. The lines of Windows cannot be told apart on a
+    /// version that is not known: all three are then true.
+    /// @{
     [[nodiscard]] static bool isWindows();
     [[nodiscard]] static bool isWindows9x();
     [[nodiscard]] static bool isWindowsNT();
@@ -58,19 +60,25 @@ public:
     [[nodiscard]] static bool isOS2();
     [[nodiscard]] static bool isOS400();
     [[nodiscard]] static bool isSymbian();
+    /// @}
     /// Whether it is a Unix other than those that have a predicate of their own.
     [[nodiscard]] static bool isUnix();
 
     /// Whether the system, not only the process, is a 64-bit one.
     [[nodiscard]] static bool isOs_64bit();
+    /// The opposite of isOs_64bit().
     [[nodiscard]] static bool isOs_32bit();
 
-    // The components of QOperatingSystemVersion::current(); -1 where Qt knows none, as under Linux.
+    /// The components of QOperatingSystemVersion::current(); -1 where Qt knows none, as under
+    /// Linux.
+    /// @{
     [[nodiscard]] static int majorVersion();
     [[nodiscard]] static int minorVersion();
     [[nodiscard]] static int microVersion();
+    /// @}
 
-    // The functions of the same names of QSysInfo.
+    /// The functions of the same names of QSysInfo.
+    /// @{
     [[nodiscard]] static QString kernelType();
     [[nodiscard]] static QString kernelVersion();
     [[nodiscard]] static QString productType();
@@ -79,7 +87,9 @@ public:
     [[nodiscard]] static QString buildAbi();
     [[nodiscard]] static QString buildCpuArchitecture();
     [[nodiscard]] static QString currentCpuArchitecture();
+    /// @}
 
+    /// The machine's byte order.
     [[nodiscard]] static ByteOrder byteOrder();
 
     /// The same as SCpuInfo::threads().
