@@ -38,7 +38,6 @@ private Q_SLOTS:
     void linuxFolders()
     {
         const std::tuple<const char16_t *, F, const char16_t *> rows[] = {
-            {u"HOME=/h/Zoë", F::HomeLocation, u"/h/Zoë"},
             {u"HOME=/h/数据/", F::HomeLocation, u"/h/数据"}, {u"", F::HomeLocation, u"/"},
             {u"", F::GenericDataLocation, u"/.local/share"}, {u"", F::ConfigLocation, u"/.config"},
             {u"HOME=/h XDG_DATA_HOME=/x/Ü//y/", F::GenericDataLocation, u"/x/Ü/y"},
