@@ -167,19 +167,18 @@ private Q_SLOTS:
 
     void narrowsAndFails()
     {
-        bool ok = false;
-        QCOMPARE(SConvert::toInt8(string("300"), &ok), qint8(44));
-        QVERIFY(ok);
-        QCOMPARE(SConvert::toUInt8(string("300"), &ok), quint8(44));
-        QVERIFY(ok);
-        QCOMPARE(SConvert::toUInt8(string("12c"), &ok, 16), quint8(44));
-        QVERIFY(ok);
-        QCOMPARE(SConvert::toInt16(string("40000"), &ok), qint16(0));
-        QVERIFY(!ok);
-        QCOMPARE(SConvert::toDouble(string("1,5"), &ok, QLocale(QLocale::German)), 1.5);
-        QVERIFY(ok);
-        QCOMPARE(SConvert::toSingle(string("1e60"), &ok), std::numeric_limits<float>::infinity());
-        QVERIFY(!ok);
+        const auto row = [](const auto &parser, const char *text, bool fits, auto expected,
+                             const auto &...how) {
+            bool ok = !fits;
+            QCOMPARE(parser(string(text), &ok, how...), expected);
+            QCOMPARE(ok, fits);
+        };
+        row(SConvert::toInt8, "300", true, qint8(44));
+        row(SConvert::toUInt8, "300", true, quint8(44));
+        row(SConvert::toUInt8, "12c", true, quint8(44), 16);
+        row(SConvert::toInt16, "40000", false, qint16(0));
+        row(SConvert::toDouble, "1,5", true, 1.5, QLocale(QLocale::German));
+        row(SConvert::toSingle, "1e60", false, std::numeric_limits<float>::infinity());
         QCOMPARE(SConvert::toDouble(QString(), nullptr), 0.0);
     }
 
@@ -207,10 +206,8 @@ private Q_SLOTS:
         QVERIFY(word != string("True") && !word.isEmpty());
         QVERIFY(SConvert::toBool(u' ' + word.toUpper() + u'\t'));
         QVERIFY(SConvert::toBool(word, QLocale(QLocale::German, QLocale::Austria)));
-        QVERIFY(SConvert::toBool(string("Yes")) || SConvert::toBool(string("true")));
         for (const char *text : {"", " ", "1", "on", "False"})
             QVERIFY2(!SConvert::toBool(string(text)), text);
-        QVERIFY(!SConvert::toBool(SConvert::toString(false)));
         // In another language only the keys count.
         QVERIFY(SConvert::toBool(string(" TRUE "), QLocale::c()));
         QVERIFY(!SConvert::toBool(word, QLocale::c()));
@@ -226,7 +223,7 @@ private Q_SLOTS:
             QVERIFY2(SConvert::toBool(other) && SConvert::toBool(string("true")), name);
             QVERIFY2(!SConvert::toBool(SConvert::toString(false)), name);
         }
-        QCOMPARE(words.size(), 15);
+        QCOMPARE(words.size(), 15); // No two share the word.
         TavexApplication::init(QLocale::c());
     }
 
