@@ -111,7 +111,6 @@ private Q_SLOTS:
         QCOMPARE(SEnvironment::userName(), QStringLiteral("Zoë"));
         const QString full = SEnvironment::fullUserName();
         QVERIFY(!full.isEmpty() && (SSysInfo::isWindows() || !full.contains(u',')));
-        QCOMPARE(SEnvironment::qtCompiledVersionString(), QStringLiteral(QT_VERSION_STR));
         QCOMPARE(SEnvironment::qtRuntimeVersionString(), QLatin1String(qVersion()));
     }
 
@@ -130,11 +129,9 @@ private Q_SLOTS:
         const QTemporaryDir parent;
         const QString deep = parent.filePath(QStringLiteral("Größe/子"));
         const QString made = SEnvironment::tempUniqueFolder(deep);
-        QCOMPARE(folderOf(made), deep);
-        QVERIFY(QDir(made).exists());
+        QVERIFY(folderOf(made) == deep && QDir(made).exists());
         // Below a file no folder can be made.
-        const QString file = QCoreApplication::applicationFilePath();
-        QVERIFY(SEnvironment::tempUniqueFolder(file).isEmpty());
+        QVERIFY(SEnvironment::tempUniqueFolder(QCoreApplication::applicationFilePath()).isEmpty());
     }
 };
 

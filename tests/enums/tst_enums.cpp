@@ -124,6 +124,7 @@ private Q_SLOTS:
         const Bool_T &table = Bool_T::instance();
         QCOMPARE(table.keys(), QStringList({string("False"), string("True")}));
         QCOMPARE(Bool_TR::instance().keys(), table.keys());
+        QCOMPARE(Bool_TR::instance().headerPath(), string("enums/bool"));
         QVERIFY(MetadataFlags_T::instance().isFlagSet() && !table.isFlagSet());
         const QStringList folders = SpecialFolder_T::instance().keys();
         QCOMPARE(folders.size(), 23);
