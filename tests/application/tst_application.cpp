@@ -47,7 +47,9 @@ int actAsChild(const QStringList &arguments)
         TavexApplication::restart();
         return 0;
     }
-    QTimer::singleShot(0, [] { TavexApplication::reboot(7); });
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [] { TavexApplication::reboot(7); });
+    timer.start(0);
     return QCoreApplication::exec();
 }
 
