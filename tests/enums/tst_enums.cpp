@@ -1,22 +1,28 @@
 #include <tavex/Tavex>
 
+#include <QBuffer>
+#include <QTemporaryDir>
 #include <QTest>
-#include <QVariant>
 
-#include <thread>
-#include <vector>
+#include <memory>
 
 using namespace Quorvex;
 
 namespace {
+
+using enum EnumTranslationOptions;
+
+QString string(const char *text)
+{
+    return QString::fromLatin1(text);
+}
 
 template <typename E>
 QString printed(E value, const QLocale &locale = QLocale::c())
 {
     const QVariant variant = QVariant::fromValue(value);
     const auto converter = SVariantConvert::sVariantToStringFunction(variant.userType());
-    return converter ? converter(variant, QStringLiteral("ignored"), locale)
-                     : QStringLiteral("no converter");
+    return converter ? converter(variant, string("ignored"), locale) : string("no converter");
 }
 
 enum class Fruit : quint8 { Apple, Pear = 200 };
@@ -30,27 +36,49 @@ public:
     {
         loadRuntimeKeys();
     }
-    [[nodiscard]] QString name() const override { return QStringLiteral("Fruit"); }
+    [[nodiscard]] QString name() const override { return string("Fruit"); }
     [[nodiscard]] bool isFlagSet() const override { return false; }
 
 private:
     static constexpr SEnumKey<Fruit> rows[] = {{Fruit::Apple, u"Apple"}, {Fruit::Pear, u"Pear"}};
 };
 
+/// Borrows the catalogues of Bool under an object of its own.
+class Translator : public SEnumTranslatorBase
+{
+public:
+    explicit Translator(const char *name = "Bool")
+        : m_name(string(name))
+    {
+        translationRegister();
+    }
+    [[nodiscard]] QString name() const override { return m_name; }
+    [[nodiscard]] QStringList keys() const override { return {}; }
+    [[nodiscard]] QString headerPath() const override { return {}; }
+
+private:
+    QString m_name;
+};
+
+/// Does while it is called what a careless one might: registers and unregisters translators.
 class FruitLoader : public ISEnumRuntimeLoader
 {
 public:
-    void load(SEnumTranslatorBase *) override { }
+    void load(SEnumTranslatorBase *translator) override
+    {
+        ++loads;
+        translator->insert(string("Plum"), string("Pflaume"), {});
+        const Translator other("Other");
+        TavexApplication::translationRegister(string("none"));
+    }
     void loadKeys(ISEnum *keys) override
     {
-        ++calls;
-        QVERIFY(keys->addKey(7, QStringLiteral("Plum")));
-        QVERIFY(!keys->addKey(7, QStringLiteral("Plum")));
-        QVERIFY(!keys->addKey(8, QString()));
+        QVERIFY(keys->addKey(7, string("Plum")));
+        QVERIFY(!keys->addKey(7, string("Plum")) && !keys->addKey(8, QString()));
     }
-    [[nodiscard]] QString name() const override { return QStringLiteral("Fruit"); }
+    [[nodiscard]] QString name() const override { return string("Fruit"); }
 
-    static inline int calls = 0;
+    static inline int loads = 0;
 };
 
 } // namespace
@@ -60,106 +88,137 @@ class TestEnums : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    // The type's name, its flags, and what the converter prints of a value with and without a key.
-    void metaTypes_data()
+    void init() { TavexApplication::init(QLocale(QLocale::German)); }
+
+    // Known by name and printable before anything in this program asked for the id.
+    void metaTypes()
     {
-        QTest::addColumn<QMetaType>("type");
-        QTest::addColumn<bool>("isUnsigned");
-        const auto row = [](const auto &table) {
-            using Enum = typename std::remove_cvref_t<decltype(table)>::Enum;
-            QTest::newRow(table.name().toLatin1().constData())
-                << QMetaType::fromType<Enum>() << std::is_unsigned_v<std::underlying_type_t<Enum>>;
+        const auto check = []<typename... Tables>(const Tables &...tables) {
+            for (const auto &[name, type] :
+                {std::pair(tables.name(), QMetaType::fromType<typename Tables::Enum>())...}) {
+                QCOMPARE(QMetaType::fromName("Quorvex::" + name.toLatin1()).id(), type.id());
+                const auto converter = SVariantConvert::sVariantToStringFunction(type.id());
+                QVERIFY2(converter && converter(QVariant(), {}, {}).isEmpty(), qPrintable(name));
+            }
         };
-        const auto rows = [&](const auto &...tables) { (row(tables), ...); };
-        rows(Bool_T::instance(), MetadataFlags_T::instance(), BinaryUnit_T::instance(),
+        check(Bool_T::instance(), MetadataFlags_T::instance(), BinaryUnit_T::instance(),
             SIPrefix_T::instance(), SILengthUnit_T::instance(), SCSLengthUnit_T::instance(),
             ConcurrenceMode_T::instance(), SpecialFolder_T::instance(),
             OperatingSystemType_T::instance(), CpuType_T::instance(), CpuFeatureFlags_T::instance(),
             ByteOrder_T::instance());
     }
-    void metaTypes()
-    {
-        QFETCH(QMetaType, type);
-        QFETCH(bool, isUnsigned);
-        // Known by name before anything in this program asked for the id.
-        const QByteArray name = QByteArray("Quorvex::") + QTest::currentDataTag();
-        QCOMPARE(QMetaType::fromName(name).id(), type.id());
-        QVERIFY(type.flags().testFlag(QMetaType::IsEnumeration));
-        QCOMPARE(type.flags().testFlag(QMetaType::IsUnsignedEnumeration), isUnsigned);
-        QVERIFY(!type.metaObject());
-        QVERIFY(SVariantConvert::isSVariantToStringRegistered(type.id()));
-        QVERIFY(SVariantConvert::sVariantToStringFunction(type.id())(QVariant(), {}, {}).isEmpty());
-    }
 
-    void text()
+    void keys()
     {
-        QCOMPARE(printed(Bool::True), QStringLiteral("True"));
-        QCOMPARE(printed(Bool::False), QStringLiteral("False"));
-        QCOMPARE(printed(SpecialFolder::DataLocation), QStringLiteral("AppLocalDataLocation"));
-        QCOMPARE(printed(CpuType(12345)), QStringLiteral("12345"));
-        QCOMPARE(printed(CpuType(-12345), QLocale(QLocale::German)), QStringLiteral("-12.345"));
-        QCOMPARE(printed(CpuFeatureFlags(~quint64(0))), QStringLiteral("18446744073709551615"));
-        QCOMPARE(
-            printed(MetadataFlags::KillOnCopy | MetadataFlags::KillOnSave), QStringLiteral("3"));
-        QCOMPARE(printed(OperatingSystem::Linux), QStringLiteral("no converter"));
+        QCOMPARE(printed(Bool::True), string("True"));
+        QCOMPARE(printed(SpecialFolder::DataLocation), string("AppLocalDataLocation"));
+        QCOMPARE(printed(CpuType(-12345), QLocale(QLocale::German)), string("-12.345"));
+        QCOMPARE(printed(CpuFeatureFlags(~quint64(0))), string("18446744073709551615"));
+        QCOMPARE(printed(MetadataFlags::KillOnCopy | MetadataFlags::KillOnSave), string("3"));
+        QCOMPARE(printed(OperatingSystem::Linux), string("no converter"));
 
         const auto &systems = OperatingSystem_T::instance();
-        QCOMPARE(systems.toString(OperatingSystem::macOS), QStringLiteral("OS_X"));
-        QCOMPARE(systems.toString(OperatingSystem(0x80000FFF), QLocale::c()),
-            QStringLiteral("2147487743"));
+        QCOMPARE(systems.toString(OperatingSystem::macOS), string("OS_X"));
+        QCOMPARE(systems.toString(OperatingSystem(0x80000FFF), QLocale::c()), string("2147487743"));
         QCOMPARE(systems.keys().size(), 60);
-        QCOMPARE(MetadataFlags::Volatile,
-            MetadataFlags::KillOnCopy | MetadataFlags::KillOnSave
-                | MetadataFlags::KillOnSpaceTransform | MetadataFlags::KillOnChanges
-                | MetadataFlags::KillOnPhysicalChange);
-    }
-
-    void keyTables()
-    {
         const Bool_T &table = Bool_T::instance();
-        QCOMPARE(table.name(), QStringLiteral("Bool"));
-        QCOMPARE(table.keys(), (QStringList{QStringLiteral("False"), QStringLiteral("True")}));
-        QVERIFY(!table.isFlagSet());
-        QVERIFY(
-            MetadataFlags_T::instance().isFlagSet() && CpuFeatureFlags_T::instance().isFlagSet());
+        QCOMPARE(table.keys(), QStringList({string("False"), string("True")}));
+        QCOMPARE(Bool_TR::instance().keys(), table.keys());
+        QCOMPARE(Bool_TR::instance().headerPath(), string("enums/bool"));
+        QVERIFY(MetadataFlags_T::instance().isFlagSet() && !table.isFlagSet());
         const QStringList folders = SpecialFolder_T::instance().keys();
         QCOMPARE(folders.size(), 23);
-        QVERIFY(folders.indexOf(QStringLiteral("AppDataLocation")) + 1
-            == folders.indexOf(QStringLiteral("AppLocalDataLocation")));
+        QVERIFY(folders.indexOf(string("AppDataLocation")) + 1
+            == folders.indexOf(string("AppLocalDataLocation")));
     }
 
-    void ownTableAndLoader()
+    void runtimeLoader()
     {
-        SEnumRuntimeLoader::loaderRegister(nullptr);
         auto *loader = new FruitLoader;
-        SEnumRuntimeLoader::loaderRegister(loader);
-        SEnumRuntimeLoader::loaderRegister(loader);
-        QVERIFY(SEnumRuntimeLoader::loader(QStringLiteral("Fruit")) == loader);
-        QVERIFY(!SEnumRuntimeLoader::loader(QStringLiteral("fruit")));
-
+        for (ISEnumRuntimeLoader *one : {static_cast<FruitLoader *>(nullptr), loader, loader})
+            SEnumRuntimeLoader::loaderRegister(one);
+        QVERIFY(SEnumRuntimeLoader::loader(string("Fruit")) == loader);
+        QVERIFY(!SEnumRuntimeLoader::loader(string("fruit")));
         const Fruit_T table;
-        QCOMPARE(FruitLoader::calls, 1);
-        QCOMPARE(table.toString(Fruit::Pear), QStringLiteral("Pear"));
-        QCOMPARE(table.toString(Fruit(7)), QStringLiteral("Plum"));
-        QCOMPARE(table.keys().constLast(), QStringLiteral("Plum"));
-        QCOMPARE(FruitLoader::calls, 1);
+        QCOMPARE(table.toString(Fruit::Pear), string("Pear"));
+        QCOMPARE(table.toString(Fruit(7)), string("Plum"));
+        QCOMPARE(table.keys().constLast(), string("Plum"));
+
+        Translator translator("Fruit");
+        TavexApplication::translationRegister(&translator);
+        QCOMPARE(FruitLoader::loads, 1);
+        TavexApplication::init(QLocale(QLocale::Italian));
+        QCOMPARE(FruitLoader::loads, 2);
+        QCOMPARE(translator.etr(string("Plum")), string("Pflaume"));
+
+        // A destroyed translator leaves nothing behind.
+        TavexApplication::translationRegister(std::make_unique<Translator>().get());
+        TavexApplication::translationRegister(static_cast<SEnumTranslatorBase *>(nullptr));
+        TavexApplication::init(QLocale(QLocale::German));
     }
 
-    void firstUseOnManyThreads()
+    void translatorLooksUpInOrder()
     {
-        std::vector<std::thread> threads;
-        threads.reserve(8);
-        for (int i = 0; i < 8; ++i) {
-            threads.emplace_back([] {
-                QCOMPARE(SILengthUnit_T::instance().toString(SILengthUnit::Meter),
-                    QStringLiteral("Meter"));
-                QCOMPARE(printed(ByteOrder::LittleEndian), QStringLiteral("LittleEndian"));
-            });
-        }
-        for (std::thread &thread : threads)
-            thread.join();
+        const QString folder = string(":/translations");
+        Translator translator;
+        const auto etr = [&](const char *key, auto... options) {
+            return translator.etr(string(key), options...).toLatin1();
+        };
+        QCOMPARE(etr(" True\t"), "Wahr");
+        QCOMPARE(etr("True", TranslateFallback), "True");
+        QCOMPARE(etr("True", EnumTranslationOptions{}), "True");
+        QCOMPARE(etr("True", NoKeyFallback), "");
+        QCOMPARE(etr(" Maybe "), "Maybe");
+        QCOMPARE(etr("Maybe", Translator::DefaultOptions | NoKeyFallback), "");
+        QVERIFY(!translator.contains(string("Maybe")) && translator.contains(string("True")));
+        QCOMPARE(etr("True,False"), "Wahr, Falsch");
+        QCOMPARE(etr("A,,B"), "A, , B");
+        QCOMPARE(translator.etr(QStringList{string("False"), string("x")}),
+            QStringList({string("Falsch"), string("x")}));
+
+        // The catalogue goes before the run-time text, the run-time fallback before English.
+        translator.insert(string("True"), string("run time"), string("fallback"));
+        QCOMPARE(etr("True"), "Wahr");
+        QCOMPARE(etr("True", TranslateFallback), "fallback");
+        translator.insert(string("Maybe"), QString(), string("fallback"));
+        QCOMPARE(etr("Maybe"), "fallback");
+        translator.insert(string("Maybe"), string("run time"), QString());
+        QCOMPARE(etr("Maybe"), "run time");
+        QVERIFY(translator.remove(string("Maybe")) && !translator.remove(string("Maybe")));
+
+        // A load empties the run-time texts, and tells what is missing.
+        QVERIFY(translator.load(QLocale(QLocale::French, QLocale::Canada), folder));
+        QCOMPARE(etr("True", TranslateFallback), "True");
+        QVERIFY(translator.load(QLocale(string("en")), folder));
+        QVERIFY(!translator.load(QLocale(QLocale::German), string(":/nowhere")));
+        QVERIFY(!translator.load(QLocale(QLocale::Japanese), folder));
+        QCOMPARE(etr("True"), "True");
+    }
+
+    void markers()
+    {
+        const Translator translator;
+        QVERIFY(translator.useTranslation(string("a {T:Bool} b"), QLocale(QLocale::German)));
+        QVERIFY(translator.useTranslation(string("{T:All}")));
+        QVERIFY(!translator.useTranslation(string("{T:All}"), QLocale(QLocale::Dutch)));
+        QVERIFY(!translator.useTranslation(string("{t:all} {T:bool} {T:BinaryUnit}")));
+    }
+
+    void writeTranslatorXML()
+    {
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(string("a.ts")));
+        for (const char *document : {"longer than the next", "<TS>\xE4</TS>"})
+            QVERIFY(SEnumHelper::writeTranslatorXML(file.fileName(), string(document)));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), "<TS>\xC3\xA4</TS>");
+        QVERIFY(!SEnumHelper::writeTranslatorXML(folder.filePath(string("no/a.ts")), {}));
+        QVERIFY(!SEnumHelper::writeTranslatorXML(static_cast<QIODevice *>(nullptr), {}));
+        QBuffer device;
+        QVERIFY(SEnumHelper::writeTranslatorXML(&device, string("x")));
+        QVERIFY(!device.isOpen() && device.data() == "x");
     }
 };
 
-QTEST_APPLESS_MAIN(TestEnums)
+QTEST_GUILESS_MAIN(TestEnums)
 #include "tst_enums.moc"

@@ -57,46 +57,40 @@ class TestLoad : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void loadUseUnload_data()
-    {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<bool>("use");
-        QTest::newRow("library") << QStringLiteral(LIBRARY_FILE) << false;
-        QTest::newRow("plug-in") << QStringLiteral(PLUGIN_FILE) << true;
-    }
     void loadUseUnload()
     {
-        QFETCH(QString, file);
-        QFETCH(bool, use);
-        [[maybe_unused]] qint64 settledMemory = 0;
-        for (int round = 0; round < 150; ++round) {
-            QLibrary module(file);
-            module.setLoadHints(QLibrary::ResolveAllSymbolsHint);
-            QVERIFY2(module.load(), qPrintable(module.errorString()));
-            QVERIFY(isKnown("Quorvex::Bool") && isKnown("Quorvex::SVersion"));
-            QVERIFY(QFile::exists(QStringLiteral(":/flags/svg/de.svg")));
-            QVERIFY(QFile::exists(QStringLiteral(":/HALF_LICENSE")));
-            if (use) {
-                const auto useLibrary = reinterpret_cast<int (*)()>(module.resolve("useLibrary"));
-                QVERIFY(useLibrary);
-                QCOMPARE(useLibrary(), 0);
-            }
-            QVERIFY(isMapped(QStringLiteral(LIBRARY_FILE)));
-            QVERIFY(module.unload());
+        for (const auto &[file, use] : {std::pair(LIBRARY_FILE, false), {PLUGIN_FILE, true}}) {
+            [[maybe_unused]] qint64 settledMemory = 0;
+            for (int round = 0; round < 150; ++round) {
+                QLibrary module(QString::fromUtf8(file));
+                module.setLoadHints(QLibrary::ResolveAllSymbolsHint);
+                QVERIFY2(module.load(), qPrintable(module.errorString()));
+                QVERIFY(isKnown("Quorvex::Bool") && isKnown("Quorvex::SVersion"));
+                QVERIFY(QFile::exists(QStringLiteral(":/flags/svg/de.svg")));
+                QVERIFY(QFile::exists(QStringLiteral(":/HALF_LICENSE")));
+                if (use) {
+                    const auto useLibrary =
+                        reinterpret_cast<int (*)()>(module.resolve("useLibrary"));
+                    QVERIFY(useLibrary);
+                    QCOMPARE(useLibrary(), 0);
+                }
+                QVERIFY(isMapped(QStringLiteral(LIBRARY_FILE)));
+                QVERIFY(module.unload());
 
-            QVERIFY(!isMapped(QStringLiteral(LIBRARY_FILE)));
-            QVERIFY(!isKnown("Quorvex::Bool") && !isKnown("Quorvex::SVersion"));
-            QVERIFY(!isKnown("QList<short>"));
-            QVERIFY(!QFile::exists(QStringLiteral(":/flags/svg/de.svg")));
-            QVERIFY(!QFile::exists(QStringLiteral(":/HALF_LICENSE")));
-            if (round == 30)
-                settledMemory = ownMemory();
-        }
+                QVERIFY(!isMapped(QStringLiteral(LIBRARY_FILE)));
+                QVERIFY(!isKnown("Quorvex::Bool") && !isKnown("Quorvex::SVersion"));
+                QVERIFY(!isKnown("QList<short>"));
+                QVERIFY(!QFile::exists(QStringLiteral(":/flags/svg/de.svg")));
+                QVERIFY(!QFile::exists(QStringLiteral(":/HALF_LICENSE")));
+                if (round == 30)
+                    settledMemory = ownMemory();
+            }
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-        // 120 rounds that lost only their key tables would have cost more than this. (The
-        // sanitizers hold memory back, and find leaks themselves.)
-        QVERIFY2(ownMemory() - settledMemory < 512, qPrintable(QString::number(ownMemory())));
+            // 120 rounds that lost only their key tables would have cost more than this. (The
+            // sanitizers hold memory back, and find leaks themselves.)
+            QVERIFY2(ownMemory() - settledMemory < 512, qPrintable(QString::number(ownMemory())));
 #endif
+        }
     }
 
     // Types that are registered afterwards take the places of those that went.

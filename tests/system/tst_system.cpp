@@ -163,8 +163,8 @@ private Q_SLOTS:
         if (SSysInfo::kernelType() != QLatin1String("linux") || SSysInfo::isAndroid())
             QSKIP("No Linux");
         QCOMPARE(SSysInfo::operatingSystemCodeName(), QStringLiteral("Linux"));
-        QVERIFY(SSysInfo::isSupported() && SSysInfo::isLinux());
         using S = SSysInfo;
+        QVERIFY(S::isSupported() && S::isLinux());
         for (auto *const isOther :
             {&S::isWindows, &S::isWindows9x, &S::isWindowsNT, &S::isWindowsCE, &S::isMac, &S::isiOs,
                 &S::isBSD, &S::isBeOS, &S::isOS2, &S::isOS400, &S::isSymbian, &S::isUnix})

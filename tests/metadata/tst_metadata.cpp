@@ -1,6 +1,8 @@
-#include <tavex/SMetaDouble>
+#include "samples.h"
+
 #include <tavex/SMetadatable>
 
+#include <QLibrary>
 #include <QRandomGenerator>
 #include <QTest>
 
@@ -9,9 +11,34 @@
 #include <set>
 
 using namespace Quorvex;
-using Interfaces::IMetadata;
+using namespace Quorvex::Interfaces;
+using Sample::Own;
 
 namespace {
+
+template <typename... Parts>
+bool casts(IMetadata *value)
+{
+    ICloneable *const first = value;
+    return ((dynamic_cast<Parts *>(first) == static_cast<Parts *>(value)
+                && dynamic_cast<IMetadata *>(static_cast<Parts *>(value)) == value)
+        && ...);
+}
+
+template <typename T, typename Scalar, typename List>
+void holds(const QString &name)
+{
+    using Limits = std::numeric_limits<T>;
+    for (const T value : {Limits::lowest(), T(0), (Limits::max)()}) {
+        Scalar scalar(value);
+        QCOMPARE(scalar.value(), value);
+        QCOMPARE(scalar.name(), QStringLiteral("SMeta") + name);
+        List list(value);
+        QCOMPARE(list.value(), QList<T>(1, value));
+        QCOMPARE(list.name(), QStringLiteral("SMetaList") + name);
+        QVERIFY(!scalar.isEmpty() && !list.isEmpty() && List(QList<T>()).isEmpty());
+    }
+}
 
 /// A value that counts the living and has an id by instance, so that one class stands for many. The
 /// id is also its flags.
@@ -58,12 +85,79 @@ protected:
 
 } // namespace
 
-class TestSMetadatable : public QObject
+class TestMetadata : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void cleanup() { QCOMPARE(Counted::alive.size(), 0U); }
+
+    void acrossModules()
+    {
+        QLibrary module(QStringLiteral(PLUGIN_FILE));
+        module.setLoadHints(QLibrary::ResolveAllSymbolsHint); // Its symbols stay its own.
+        const auto makeValue =
+            reinterpret_cast<IMetadata *(*)(std::size_t)>(module.resolve("makeValue"));
+        QVERIFY2(makeValue, qPrintable(module.errorString()));
+        const Sample::Values ours = Sample::values();
+        for (std::size_t i = 0; i < ours.size(); ++i) {
+            const std::unique_ptr<IMetadata> theirs(makeValue(i));
+            const std::unique_ptr<ICloneable> clone(theirs->clone());
+            auto *const copy = dynamic_cast<IMetadata *>(clone.get());
+            QVERIFY(copy && copy != theirs.get());
+            for (IMetadata *const value : {ours[i].get(), theirs.get(), copy}) {
+                QVERIFY((casts<ICloneable, IFormattable, IEquatable, IIdentifiable>(value)));
+                QVERIFY(!value->isSameTypeAs(nullptr) && !value->equalsTo(nullptr));
+                for (std::size_t k = 0; k < ours.size(); ++k) {
+                    QCOMPARE(value->id() == ours[k]->id(), k == i);
+                    QCOMPARE(value->isSameTypeAs(ours[k].get()), k == i);
+                    QCOMPARE(value->equalsTo(ours[k].get()), k == i);
+                    QCOMPARE(ours[k]->equalsTo(value), k == i);
+                }
+                const bool isStamp = dynamic_cast<SMetaDateTime *>(value);
+                QCOMPARE(value->flags(), isStamp ? MetadataFlags::Volatile : MetadataFlags::None);
+            }
+        }
+    }
+
+    void numbers()
+    {
+#define CHECK_CLASSES(T, Name) holds<T, SMeta##Name, SMetaList##Name>(QStringLiteral(#Name));
+        FOR_EACH_NUMBER(CHECK_CLASSES)
+        QVERIFY(SMetaDouble(0.1 + 0.2) != SMetaDouble(0.3));
+        static_assert(!std::is_constructible_v<SMetaBool, const char *>);
+        QCOMPARE(SMetaListInt32({1, -2, 3}).toString(QLocale::c()), QStringLiteral("1, -2, 3"));
+
+        // The base can be given what the class does not hold.
+        SMetaInt32 number(1);
+        static_cast<SMetaVariant &>(number) = Own<SMetaVariant>(QStringLiteral("42"));
+        QCOMPARE(number.value(), 42);
+        QVERIFY(Own<SMetaVariant>(QVariant()).isEmpty());
+    }
+
+    void texts()
+    {
+        const std::tuple<QByteArray, QString, QString> rows[] = {
+            {"\xC3\xA9", {}, QStringLiteral(u"\u00E9")},
+            {QByteArray("\xFF\xFE\0", 3), {}, QStringLiteral("Binary data [len: 3 bytes]")},
+            {"a\xC3", {}, QStringLiteral("Binary data [len: 2 bytes]")},
+            {"\xC0\x80", {}, QStringLiteral("Binary data [len: 2 bytes]")},
+            {"\xFF", QStringLiteral("iso-8859-1"), QStringLiteral(u"\u00FF")},
+            {QByteArray("\0a", 2), QStringLiteral("UTF-16BE"), QStringLiteral("a")},
+            {"a", QStringLiteral("no-such"), QStringLiteral("Binary data [len: 1 bytes]")},
+        };
+        for (const auto &[bytes, encoding, text] : rows)
+            QCOMPARE(Own<SMetaByteArray>(bytes).toString(encoding), text);
+        Own<SMetaJsonDocument> json(QJsonDocument(QJsonObject{{QStringLiteral("a"), 1}}));
+        QCOMPARE(json.toString(QStringLiteral("{other}")), QStringLiteral("{\"a\":1}"));
+        for (const char *format : {"{indent}", "{json:indent}"})
+            QVERIFY(json.toString(QString::fromLatin1(format)).contains(QLatin1Char('\n')));
+
+        const QDateTime noon(QDate(2024, 2, 29), QTime(12, 0), Qt::OffsetFromUTC, 3600);
+        QCOMPARE(Own<SMetaDateTime>(noon).toString(QStringLiteral("HH:mm")),
+            noon.toLocalTime().toString(QStringLiteral("HH:mm")));
+        QVERIFY(Own<SMetaDateTime>(QDateTime(QDate(2023, 2, 29), QTime(12, 0))).isEmpty());
+    }
 
     void refusesNullAndKeepsNaN()
     {
@@ -85,16 +179,13 @@ private Q_SLOTS:
         Owner source;
         for (quint64 kind = 0; kind < 4; ++kind)
             source.setMetadata(new Counted(kind, 1), true);
-        const auto kept = [&source](MetadataFlags mask) {
-            Owner target;
-            target.copyMetadata(source.metadataList(), mask);
-            return target.changes;
-        };
         using Kinds = std::vector<quint64>;
-        QCOMPARE(kept(MetadataFlags(0)), Kinds({0, 1, 2, 3}));
-        QCOMPARE(kept(MetadataFlags(1)), Kinds({0, 2}));
-        QCOMPARE(kept(MetadataFlags(2)), Kinds({0, 1}));
-        QCOMPARE(kept(MetadataFlags(7)), Kinds({0}));
+        for (const auto &[mask, kept] :
+            {std::pair(0, Kinds{0, 1, 2, 3}), {1, {0, 2}}, {2, {0, 1}}, {7, {0}}}) {
+            Owner target;
+            target.copyMetadata(source.metadataList(), MetadataFlags(mask));
+            QCOMPARE(target.changes, kept);
+        }
     }
 
     void copiesAndCompares()
@@ -189,5 +280,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSMetadatable)
-#include "tst_smetadatable.moc"
+QTEST_GUILESS_MAIN(TestMetadata)
+#include "tst_metadata.moc"

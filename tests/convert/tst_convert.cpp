@@ -1,0 +1,154 @@
+#include <tavex/SLocale>
+#include <tavex/SUnitConvert>
+#include <tavex/SVariantConvert>
+
+#include <QTest>
+
+#include <array>
+#include <limits>
+#include <thread>
+
+using namespace Quorvex;
+
+namespace {
+
+template <typename T>
+constexpr T Max = (std::numeric_limits<T>::max)();
+template <typename T>
+constexpr T Min = (std::numeric_limits<T>::min)();
+
+QString first(const QVariant &, const QString &, const QLocale &)
+{
+    return {};
+}
+
+QString second(const QVariant &, const QString &format, const QLocale &)
+{
+    return format;
+}
+
+} // namespace
+
+class TestConvert : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void locales()
+    {
+        const std::tuple<const char *, const char *, const char *> rows[] = {
+            {"de_DE", "de_DE", "de"}, {"fil_PH", "fil_PH", "fil"}, {"C", "C", "C"},
+            {"tlh", "tlh", "tlh"}, {"TLH", "tlh", "tlh"}, {"no such locale", "C", "C"}};
+        for (const auto &[name, full, language] : rows) {
+            const SLocale locale(QString::fromLatin1(name));
+            QCOMPARE(locale.name(), QLatin1String(full));
+            QCOMPARE(locale.name(true), QLatin1String(language));
+            QCOMPARE(SLocale::lcName(locale, true), QLatin1String(full));
+            QCOMPARE(SLocale::lcName(locale), QString::fromLatin1(full).replace(u'_', u'-'));
+            QCOMPARE(SLocale::isKlingon(locale), full == QByteArray("tlh"));
+        }
+        const QLocale german(QLocale::German);
+        QCOMPARE(
+            SLocale(QStringLiteral("tlh")).nativeLanguageName(), QStringLiteral("tlhIngan Hol"));
+        QCOMPARE(SLocale(german).nativeLanguageName(), QStringLiteral("Deutsch"));
+
+        const SLocale ungrouped(german, QLocale::OmitGroupSeparator);
+        for (const SLocale &locale : {ungrouped, SLocale(ungrouped)})
+            QCOMPARE(locale.locale().toString(12345), QStringLiteral("12345"));
+        QCOMPARE(SLocale(german).locale().toString(12345), QStringLiteral("12.345"));
+    }
+
+    void converters()
+    {
+        QVERIFY(!SVariantConvert::isSVariantToStringRegistered(QMetaType::Int));
+        QVERIFY(!SVariantConvert::sVariantToStringFunction(QMetaType::Int));
+        SVariantConvert::sVariantToStringRegister(QMetaType::Int, &first);
+        SVariantConvert::sVariantToStringRegister(QMetaType::Int, &second);
+        SVariantConvert::sVariantToStringRegister(QMetaType::Int, nullptr);
+        QVERIFY(SVariantConvert::sVariantToStringFunction(QMetaType::Int) == &second);
+        // For the thread sanitizer, and for a map that loses entries.
+        {
+            std::array<std::jthread, 4> threads;
+            for (std::size_t t = 0; t < threads.size(); ++t) {
+                threads[t] = std::jthread([t] {
+                    for (int i = int(t); i < 2000; i += 4) {
+                        SVariantConvert::sVariantToStringRegister(100000 + i, &first);
+                        (void)SVariantConvert::isSVariantToStringRegistered(101999 - i);
+                    }
+                });
+            }
+        }
+        for (int i = 0; i < 2000; ++i)
+            QVERIFY(SVariantConvert::sVariantToStringFunction(100000 + i) == &first);
+    }
+
+    void binaryUnits()
+    {
+        using U = BinaryUnit;
+        QCOMPARE(SUnitConvert::binaryUnits(1.0, U::GiB, U::MiB), 1024.0);
+        QCOMPARE(SUnitConvert::toKiB(3000, U::Byte), 2);
+        QCOMPARE(SUnitConvert::toKiB(-3000L, U::Byte), -2L);
+        QCOMPARE(SUnitConvert::toKiB(1023U, U::Byte), 0U);
+        QCOMPARE(SUnitConvert::toYiB(1.0F, U::Byte), 0x1p-80F);
+        // A double could not hold this value; between equal units it stays exact.
+        QCOMPARE(SUnitConvert::toBytes(Max<qint64>, U::Byte), Max<qint64>);
+
+        QCOMPARE(SUnitConvert::toBytes(1, U::YiB), Max<int>);
+        QCOMPARE(SUnitConvert::toBytes(-1, U::YiB), Min<int>);
+        QCOMPARE(SUnitConvert::toBytes(static_cast<signed char>(1), U::KiB), Max<signed char>);
+        QCOMPARE(SUnitConvert::toBytes(Max<quint64>, U::KiB), Max<quint64>);
+        QCOMPARE(SUnitConvert::toBytes(qint64(1) << 53, U::KiB), Max<qint64>);
+        QCOMPARE(SUnitConvert::toBytes(-(qint64(1) << 53), U::KiB), Min<qint64>);
+        QCOMPARE(SUnitConvert::binaryUnits(0, U(2000), U::Byte), 0); // 0 times infinity.
+        QCOMPARE(SUnitConvert::binaryUnits(5, U(Min<int>), U(Max<int>)), 0);
+    }
+
+    void autoBinaryUnits()
+    {
+        using U = BinaryUnit;
+        const auto row = [](auto value, U unit, decltype(value) best, U bestUnit) {
+            QCOMPARE(SUnitConvert::autoBinaryUnits(value, unit), bestUnit);
+            QCOMPARE(value, best);
+        };
+        row(1048577.0, U::Byte, 1048577.0 / 1048576, U::MiB);
+        row(1048576.0, U::Byte, 1024.0, U::KiB);
+        row(1024.0, U::Byte, 1024.0, U::Byte);
+        row(1536.0, U::Byte, 1.5, U::KiB);
+        row(0.5, U::KiB, 0.5, U::KiB);
+        row(-4096.0, U::Byte, -4096.0, U::Byte);
+        row(0x1p100, U::Byte, 0x1p20, U::YiB);
+        // The threshold is on the truncated number.
+        row(5000, U::Byte, 4, U::KiB);
+        row(1536, U::Byte, 1536, U::Byte);
+    }
+
+    void prefixesAndLengths()
+    {
+        QCOMPARE(SUnitConvert::siPrefixes(1.0, SIPrefix::Kilo, SIPrefix::Milli), 1e6);
+        QCOMPARE(SUnitConvert::toKilo(-1999, SIPrefix::Base), -1);
+        QCOMPARE(SUnitConvert::toYotta(1.0, SIPrefix::Yocto), 1.0 / std::pow(10.0, 48));
+        QCOMPARE(SUnitConvert::toBaseUnit(Max<quint64>, SIPrefix::Deca), Max<quint64>);
+
+        using U = SCSLengthUnit;
+        QCOMPARE(SUnitConvert::toFoots(1.0F, U::Yard), 3.0F);
+        QCOMPARE(SUnitConvert::toFoots(-23, U::Inch), -1);
+        // Wraps as the promoted type does, and only then has to fit the type itself.
+        QCOMPARE(SUnitConvert::toInches(70000, U::Mile), 140232704);
+        QCOMPARE(SUnitConvert::toYards(Min<qint64>, U::Foot), 0);
+        QCOMPARE(SUnitConvert::toInches(quint8(1), U::Mile), quint8(255));
+        QCOMPARE(SUnitConvert::toMiles(short(-32768), U::Furlong), short(-4096));
+        QCOMPARE(SUnitConvert::scsLengthUnits(Min<int>, U::Inch, U(-1)), 0);
+
+        using S = SILengthUnit;
+        QCOMPARE(SUnitConvert::toSCSLength(100.0, S::CentiMeter, U::Inch), 100 / 2.54);
+        QCOMPARE(SUnitConvert::toSCSLength(1, S::Meter, U::Foot), 3);
+        QCOMPARE(SUnitConvert::toSCSLength(59, S::MilliMeter, U::Inch), 1);
+        QCOMPARE(SUnitConvert::toSCSLength(quint8(3), S::Meter, U::Inch), quint8(100));
+        QCOMPARE(SUnitConvert::toSILength(1.0, U::Inch, S::CentiMeter), 2.54);
+        QCOMPARE(SUnitConvert::toSILength(1, U::Foot, S::MilliMeter), 304);
+        QCOMPARE(SUnitConvert::toSILength(-1, U::Mile, S::KiloMeter), -1);
+    }
+};
+
+QTEST_APPLESS_MAIN(TestConvert)
+#include "tst_convert.moc"

@@ -1,0 +1,165 @@
+#include <tavex/SClassName>
+#include <tavex/SConvert>
+#include <tavex/SMetaInt32>
+#include <tavex/SPointerList>
+#include <tavex/TavexInfo>
+
+#include <QTest>
+
+#include <limits>
+#include <memory>
+
+using namespace Quorvex;
+
+namespace {
+
+struct Counted
+{
+    Counted() { ++alive; }
+    Q_DISABLE_COPY_MOVE(Counted)
+    ~Counted() { --alive; }
+    static inline int alive = 0;
+};
+
+constexpr int Min = (std::numeric_limits<int>::min)();
+constexpr int Max = (std::numeric_limits<int>::max)();
+
+} // namespace
+
+class TestCore : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void ownership()
+    {
+        std::unique_ptr<Counted> kept;
+        {
+            SPointer<Counted> first(new Counted);
+            SPointer<Counted> second(new Counted);
+            kept.reset(first.release());
+            QVERIFY(first.isReleased() && first.get() == kept.get());
+            second = SPointer<Counted>(new Counted);
+            QCOMPARE(Counted::alive, 2);
+
+            SPointerList<Counted> list;
+            auto *a = new Counted;
+            auto *b = new Counted;
+            for (Counted *object : {a, b, kept.get(), a})
+                list.add(object);
+            QCOMPARE(list.toList(), (QList<Counted *>{a, b, kept.get()}));
+            QVERIFY(list.remove(b) && !list.remove(b) && !list.contains(b));
+            QVERIFY(list.release(kept.get()) && !list.release(kept.get()));
+            QCOMPARE(Counted::alive, 3);
+        }
+        QCOMPARE(Counted::alive, 1);
+    }
+
+    void namesOfClasses()
+    {
+        QCOMPARE(SClassName::name(typeid(SMetaInt32)), QStringLiteral("SMetaInt32"));
+        QCOMPARE(SClassName::name(typeid(int)), QStringLiteral("int"));
+        for (const auto &[name, words] :
+            {std::pair("SMetaInt32", "Int 32"), {"SMetaJsonDocument", "Json Document"},
+                {"SMetaListUInt16", "List UInt 16"}, {"My_Own__Value", "My Own Value"},
+                {"a|b", "a |b"}, // The bar begins a word as a digit does.
+                {"Sample", "Sample"}, {"S", "S"}, {"", ""}})
+            QCOMPARE(SClassName::displayName(QString::fromLatin1(name)), QLatin1String(words));
+    }
+
+    void versionCarriesCrossComponents()
+    {
+        QVERIFY(TavexInfo::version() == 131084);
+        SVersion version(1, 2, 255);
+        QCOMPARE(version++, SVersion(1, 2, 255));
+        QCOMPARE(version, SVersion(1, 3, 0));
+        QCOMPARE(--version, SVersion(1, 2, 255));
+        QCOMPARE(SVersion(1, 0, 0).addPatch(300), SVersion(1, 1, 44));
+        QCOMPARE(SVersion(1, 2, 200) + SVersion(0, 0, 100), SVersion(1, 3, 44));
+        QCOMPARE(SVersion(1, 0, 0) - SVersion(0, 0, 1), SVersion(0, 255, 255));
+        QCOMPARE(SVersion(1, 300, 0), SVersion(1, 44, 0));
+        QCOMPARE(--SVersion(), SVersion::invalidVersion());
+        QVERIFY(!SVersion::invalidVersion().isValid() && !SVersion::invalidVersion().isNull());
+        QVERIFY(SVersion().isValid() && SVersion().isNull());
+        // Wrapping is defined; the sanitizers watch.
+        QCOMPARE((++SVersion(Max)).value(), Min);
+        QCOMPARE((SVersion(Min) - SVersion(1)).value(), Max);
+        QCOMPARE(SVersion(0).addMajor(Min).value(), 0);
+        QVERIFY(SVersion(-1, -1, -1) == -1);
+    }
+
+    // Each setter clears its own choice of high bits, and none masks its argument.
+    void versionSetters()
+    {
+        SVersion version = SVersion::invalidVersion();
+        version.setPatch(5);
+        QCOMPARE(version.value(), 0xFFFF05);
+        version = SVersion::invalidVersion();
+        version.setMinor(5);
+        QCOMPARE(version.value(), 0xFF05FF);
+        version = SVersion::invalidVersion();
+        version.setMajor(1);
+        QCOMPARE(version, SVersion(1, 255, 255));
+        version.setPatch(0x300);
+        QCOMPARE(version, SVersion(1, 255, 0));
+        version.setMajor(-1);
+        QVERIFY(!version.isValid());
+    }
+
+    void versionComparesWithAnyNumber()
+    {
+        const SVersion version(2, 0, 12);
+        QVERIFY(version == 131084 && 131084L == version && version == std::size_t(131084));
+        QVERIFY(version != (quint64(1) << 32 | 131084) && version == 131084.0);
+        QVERIFY(version < 131085U && version >= qint64(131084) && 1 < version);
+        QVERIFY(SVersion::invalidVersion() != 0xFFFFFFFFU && SVersion::invalidVersion() < 0U);
+        QVERIFY(version + 1 == SVersion(2, 0, 13) && version - 1L == SVersion(2, 0, 11));
+    }
+
+    void readsVersions()
+    {
+        struct Row
+        {
+            const char *text;
+            SVersion expected;
+            const char *format = "";
+        };
+        const Row rows[] = {{"10.20.30", {10, 20, 30}}, {"v1.2.3-beta", {1, 2, 3}},
+            {"1-2-3", {1, 2, 3}}, {"1.2.345", {1, 2, 34}},
+            {"123.4.5", {1, 3, 4}}, // The dots stand for any character, a digit too.
+            {"1.2", {}}, {"abc", {}}, {"", {}}, {"3/2/1", {1, 2, 3}, " {pp}/{mm}/{MM} "},
+            {"7", {7, 0, 0}, "{MM}"}, {"1.1", {}, "{MM}.{MM}"}, {"(1", {}, "({MM}"}};
+        for (const Row &row : rows) {
+            const QString text = QString::fromLatin1(row.text);
+            const QString format = QString::fromLatin1(row.format);
+            QCOMPARE(SConvert::toVersion(text, format, QLocale::c()), row.expected);
+            QCOMPARE(SConvert::toVersion(QVariant(text), format, QLocale::c()), row.expected);
+            if (format.isEmpty())
+                QCOMPARE(SConvert::toVersion(text, QLocale::c()), row.expected);
+        }
+    }
+
+    void convertsVersions()
+    {
+        const SVersion version(1, 2, 30);
+        QCOMPARE(SConvert::toString(version, QStringLiteral("{pp}/{mm}/{MM}/{mm}"), QLocale::c()),
+            QStringLiteral("30/2/1/2"));
+        QCOMPARE(SConvert::toString(version, QLocale(QLocale::Arabic, QLocale::Egypt)),
+            QStringLiteral(u"\u0661.\u0662.\u0663\u0660"));
+
+        QCOMPARE(SConvert::toVersion(131084LL + (1LL << 32)), SVersion(2, 0, 12));
+        QCOMPARE(SConvert::toVersion(static_cast<signed char>(-1)), SVersion::invalidVersion());
+        QCOMPARE(SConvert::toVersion(131084.9), SVersion(2, 0, 12));
+        QCOMPARE(SConvert::toVersion(1e300).value(), Max);
+        QVERIFY(SConvert::toVersion(std::numeric_limits<float>::quiet_NaN()).isNull());
+
+        const QVariant variant = SConvert::toVariant({2, 0, 12});
+        QCOMPARE(variant.typeName(), "Quorvex::SVersion");
+        QCOMPARE(SConvert::toVersion(variant), SVersion(2, 0, 12));
+        for (const QVariant &other : {QVariant(), QVariant(QByteArray("x"))})
+            QVERIFY(SConvert::toVersion(other).isNull());
+    }
+};
+
+QTEST_APPLESS_MAIN(TestCore)
+#include "tst_core.moc"
