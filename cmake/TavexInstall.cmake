@@ -9,6 +9,8 @@ install(TARGETS tavex EXPORT TavexTargets
     FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
     FILE_SET forwarding DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT TavexTargets NAMESPACE Tavex:: DESTINATION ${config_dir})
+# The build folder serves as a package, too.
+export(EXPORT TavexTargets NAMESPACE Tavex:: FILE ${PROJECT_BINARY_DIR}/TavexTargets.cmake)
 
 configure_package_config_file(cmake/TavexConfig.cmake.in TavexConfig.cmake
     INSTALL_DESTINATION ${config_dir}
