@@ -21,6 +21,8 @@ install(FILES
     ${PROJECT_BINARY_DIR}/TavexConfigVersion.cmake
     DESTINATION ${config_dir})
 
+# One or two folders deeper where the library folder names the processor.
+file(RELATIVE_PATH to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/tavex.pc.in tavex.pc @ONLY)
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES ${PROJECT_BINARY_DIR}/tavex.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
