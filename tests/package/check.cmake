@@ -1,5 +1,6 @@
 # Installs the build in BUILD_DIR, moves the copy (it must not depend on where it was installed), and
-# builds and runs the consumer against it.
+# builds and runs the consumer against it; then against the build itself, and with the sources in its own
+# build.
 file(REMOVE_RECURSE ${WORK_DIR})
 set(prefix ${WORK_DIR}/moved)
 
@@ -27,6 +28,14 @@ if(NOT EXISTS ${prefix}/${LIBRARY_FILE})
     message(FATAL_ERROR "The library file is not installed as ${LIBRARY_FILE}")
 endif()
 
+# CMake names the version that it finds and does not take.
+foreach(version 1.9 2.0.13 3.0)
+    find_package(Tavex ${version} QUIET PATHS ${prefix}/${LIB_DIR}/cmake/Tavex NO_DEFAULT_PATH)
+    if(Tavex_FOUND OR NOT Tavex_CONSIDERED_VERSIONS STREQUAL "2.0.12")
+        message(FATAL_ERROR "Asked for ${version}: ${Tavex_FOUND} ${Tavex_CONSIDERED_VERSIONS}")
+    endif()
+endforeach()
+
 build(${EXAMPLE_DIR} inventory all)
 set(headers -DTAVEX_INCLUDE_DIR=${prefix}/include)
 if(TOOLCHAIN_FILE)
@@ -46,11 +55,15 @@ endif()
 build(${CONSUMER_DIR} cmake all ${headers})
 run(${WORK_DIR}/cmake/consumer)
 run(${CMAKE_CURRENT_LIST_DIR}/check-inventory ${WORK_DIR}/inventory/inventory ${WORK_DIR}/list)
+build(${CONSUMER_DIR} build-tree consumer ${headers} -DTavex_DIR=${BUILD_DIR})
+run(${WORK_DIR}/build-tree/consumer)
+build(${CONSUMER_DIR} subdirectory consumer ${headers} -DTAVEX_SOURCE_DIR=${SOURCE_DIR} -DTAVEX_FLAGS_DIR=${FLAGS_DIR})
+run(${WORK_DIR}/subdirectory/consumer)
 
 set(ENV{PKG_CONFIG_PATH} ${prefix}/${LIB_DIR}/pkgconfig)
 execute_process(COMMAND pkg-config --cflags --libs tavex
     OUTPUT_VARIABLE options OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 separate_arguments(options UNIX_COMMAND "${options}")
-run(${CXX} -std=c++20 -fPIC ${CONSUMER_DIR}/main.cpp -o ${WORK_DIR}/with-pkg-config ${options})
+run(${CXX} -std=c++20 -fPIC -fno-exceptions ${CONSUMER_DIR}/main.cpp -o ${WORK_DIR}/with-pkg-config ${options})
 set(ENV{LD_LIBRARY_PATH} ${prefix}/${LIB_DIR})
 run(${WORK_DIR}/with-pkg-config)
