@@ -64,7 +64,7 @@ int LLVMFuzzerTestOneInput(const uchar *data, std::size_t size)
         QList<int>{1, input.number<short>()});
 
     const QString text = input.text();
-    const int base = input.number<qint8>();
+    const int base = input.number<qint16>();
     bool ok = false;
     const auto integer = SConvert::toInt64(text, &ok, locale, base);
     check(ok || integer == 0);

@@ -31,7 +31,7 @@ public:
 
     QByteArray bytes(qsizetype size)
     {
-        const QByteArray taken = m_rest.left(size);
+        QByteArray taken = m_rest.left(size);
         m_rest.remove(0, size);
         return taken;
     }
