@@ -1,0 +1,83 @@
+#include "fuzz.h"
+
+#include <tavex/SConvert>
+
+#include <QDateTime>
+#include <QJsonDocument>
+
+using Quorvex::SConvert;
+
+namespace {
+
+/// What is written is read back, wherever Qt reads what it writes itself.
+void roundTrips(Input &input, const QLocale &locale)
+{
+    const auto integer = input.number<qint64>();
+    if (locale.toLongLong(locale.toString(integer)) == integer) {
+        check(SConvert::toInt64(SConvert::toString(integer, locale), locale) == integer);
+        const QString wide = SConvert::toString(integer, QStringLiteral("{width:64}"), locale);
+        check(SConvert::toInt64(wide, locale) == integer);
+    }
+    const int base = 2 + input.number<uchar>() % 35;
+    const QString digits = SConvert::toString(integer, QStringLiteral("{base:%1}").arg(base));
+    check(base == 10 || SConvert::toInt64(digits, QLocale::c(), base) == integer);
+
+    const auto real = input.number<double>();
+    constexpr int Shortest = QLocale::FloatingPointShortest;
+    if (locale.toDouble(locale.toString(real, 'g', Shortest)) == real)
+        check(SConvert::toDouble(SConvert::toString(real, locale), locale) == real);
+    const auto single = static_cast<float>(real);
+    if (std::isfinite(single))
+        check(SConvert::toSingle(SConvert::toString(single, QLocale::c()), QLocale::c()) == single);
+    for (const QString &text : {SConvert::toString(integer), SConvert::toString(real)})
+        check(SConvert::toInt8(text) == qint8(SConvert::toInt16(text)));
+
+    const QDate date = QDate::fromJulianDay(input.number<qint32>());
+    const QDateTime moment(date, QTime::fromMSecsSinceStartOfDay(input.number<int>() % 86400000),
+        Qt::OffsetFromUTC, 60 * input.number<qint8>());
+    const QString iso = SConvert::toString(moment, QStringLiteral("{iso}"));
+    if (moment.isValid() && date.year() > 0 && date.year() < 10000)
+        check(QDateTime::fromString(iso, Qt::ISODateWithMs) == moment);
+}
+
+template <typename... T>
+void write(const QString &format, const QLocale &locale, const T &...values)
+{
+    (check(SConvert::toString(values, format, locale)
+         == SConvert::toString(QVariant::fromValue(values), format, locale)),
+        ...);
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const uchar *data, std::size_t size)
+{
+    Input input(data, size);
+    const QLocale locale = input.locale();
+    roundTrips(input, locale);
+
+    const QString format = input.text();
+    const QDate date = QDate::fromJulianDay(input.number<qint64>());
+    const QTime time = QTime::fromMSecsSinceStartOfDay(input.number<int>());
+    write(format, locale, input.number<int>(), input.number<quint64>(), input.number<float>(),
+        input.number<double>(), date, time, QDateTime(date, time, Qt::UTC),
+        QList<int>{1, input.number<short>()});
+
+    const QString text = input.text();
+    const int base = input.number<qint16>();
+    bool ok = false;
+    const auto integer = SConvert::toInt64(text, &ok, locale, base);
+    check(ok || integer == 0);
+    const auto unsignedInteger = SConvert::toUInt64(text, &ok, locale, base);
+    check(!ok || integer < 0 || quint64(integer) == unsignedInteger || integer == 0);
+    check(SConvert::toUInt8(text, locale) == quint8(SConvert::toUInt16(text, locale)));
+    (void)SConvert::toSingle(text, locale);
+    (void)SConvert::toBool(text, locale);
+    (void)SConvert::toInt32(QVariant(SConvert::toDouble(text, locale)));
+
+    const auto json = QJsonDocument::fromJson(text.toUtf8());
+    const QString written = SConvert::toString(json, QStringLiteral("{indent}"), locale);
+    check(QJsonDocument::fromJson(written.toUtf8()) == json);
+    (void)SConvert::toString(json.toVariant(), format, locale);
+    return 0;
+}
