@@ -102,7 +102,7 @@ Examination::~Examination()
 
 std::vector<Examination::Slice> Examination::slices(const QList<FoundFile> &files)
 {
-    constexpr int Most = 200;
+    constexpr int Most = 50;
     qint64 total = 0;
     for (const FoundFile &file : files)
         total += weight(file);
