@@ -1,6 +1,6 @@
-# Installs the build in BUILD_DIR, moves the copy (it must not depend on where it was installed), and
-# builds and runs the consumer against it; then against the build itself, and with the sources in its own
-# build.
+# Installs the build in BUILD_DIR, by way of the ZIP for Windows, moves the copy (it must not depend on where
+# it was installed), and builds and runs the consumer against it; then against the build itself, and with
+# the sources in its own build.
 file(REMOVE_RECURSE ${WORK_DIR})
 set(prefix ${WORK_DIR}/moved)
 
@@ -22,8 +22,16 @@ function(build source name target)
     run(${CMAKE_COMMAND} --build ${WORK_DIR}/${name} --target ${target})
 endfunction()
 
-run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${WORK_DIR}/installed)
-file(RENAME ${WORK_DIR}/installed ${prefix})
+if(TOOLCHAIN_FILE)
+    run(${CPACK} --config ${BUILD_DIR}/CPackConfig.cmake -B ${BUILD_DIR}/archive)
+    file(GLOB archive ${BUILD_DIR}/archive/tavex-*.zip)
+    file(ARCHIVE_EXTRACT INPUT ${archive} DESTINATION ${WORK_DIR})
+    cmake_path(GET archive STEM LAST_ONLY installed)
+else()
+    set(installed installed)
+    run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${WORK_DIR}/${installed})
+endif()
+file(RENAME ${WORK_DIR}/${installed} ${prefix})
 if(NOT EXISTS ${prefix}/${LIBRARY_FILE})
     message(FATAL_ERROR "The library file is not installed as ${LIBRARY_FILE}")
 endif()

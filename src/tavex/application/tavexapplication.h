@@ -90,7 +90,8 @@ public:
 
     /// Loads the catalogue \a name for \a locale from the first of translationPaths() that has it,
     /// as QTranslator::load() looks for it: "tavex_de_DE.qm", then "tavex_de.qm". False if none has
-    /// it, if \a name is empty, or if \a translator is null.
+    /// it, if \a name is empty, or if \a translator is null. What a damaged file leads to is not
+    /// defined: Qt trusts what is in a catalogue.
     static bool translationLoad(
         QTranslator *translator, const QString &name, const QLocale &locale);
 
