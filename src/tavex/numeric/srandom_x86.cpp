@@ -30,117 +30,123 @@ constexpr int factor(int exponent) noexcept
     return static_cast<int>(2 * multiplierPower(exponent));
 }
 
-inline __m128i times(__m128i v, __m128i factors) noexcept
+/// Four lanes. Vectors are handed over by reference, since fill() is compiled for every processor
+/// and cannot hand over wider ones in registers.
+struct Lanes128
 {
-    const __m128i modulus = _mm_set1_epi32(Modulus);
-    const auto even = _mm_castsi128_ps(_mm_mul_epu32(v, factors));
-    const auto odd = _mm_castsi128_ps(_mm_mul_epu32(_mm_srli_epi64(v, 32), factors));
-    const __m128i high = _mm_castps_si128(_mm_shuffle_ps(even, odd, _MM_SHUFFLE(3, 1, 3, 1)));
-    const __m128i low =
-        _mm_srli_epi32(_mm_castps_si128(_mm_shuffle_ps(even, odd, _MM_SHUFFLE(2, 0, 2, 0))), 1);
-    const __m128i rest = _mm_sub_epi32(_mm_add_epi32(high, low), modulus);
-    const __m128i result = _mm_add_epi32(rest, _mm_and_si128(_mm_srai_epi32(rest, 31), modulus));
-    return _mm_shuffle_epi32(result, _MM_SHUFFLE(3, 1, 2, 0)); // The even ones came first.
-}
+    using Vector = __m128i;
+    static constexpr int Count = 4;
+    static constexpr int Block = 8 * Count; ///< So many at a time keep the processor busy.
 
-inline void put(__m128i &v, __m128i jump, char *out, bool stream) noexcept
+    static void load(Vector &v, const quint32 *from) noexcept
+    {
+        v = _mm_loadu_si128(reinterpret_cast<const Vector *>(from));
+    }
+
+    static void put(Vector &v, char *out, bool stream) noexcept
+    {
+        auto *const to = reinterpret_cast<Vector *>(out);
+        stream ? _mm_stream_si128(to, v) : _mm_storeu_si128(to, v);
+        multiply(v, v, factor(Block));
+    }
+
+    static void multiply(Vector &product, const Vector &v, int factor) noexcept
+    {
+        const Vector factors = _mm_set1_epi32(factor);
+        const Vector modulus = _mm_set1_epi32(Modulus);
+        const auto even = _mm_castsi128_ps(_mm_mul_epu32(v, factors));
+        const auto odd = _mm_castsi128_ps(_mm_mul_epu32(_mm_srli_epi64(v, 32), factors));
+        const Vector high = _mm_castps_si128(_mm_shuffle_ps(even, odd, _MM_SHUFFLE(3, 1, 3, 1)));
+        const Vector low =
+            _mm_srli_epi32(_mm_castps_si128(_mm_shuffle_ps(even, odd, _MM_SHUFFLE(2, 0, 2, 0))), 1);
+        const Vector rest = _mm_sub_epi32(_mm_add_epi32(high, low), modulus);
+        const Vector result = _mm_add_epi32(rest, _mm_and_si128(_mm_srai_epi32(rest, 31), modulus));
+        product = _mm_shuffle_epi32(result, _MM_SHUFFLE(3, 1, 2, 0)); // The even ones came first.
+    }
+};
+
+/// Eight lanes.
+struct Lanes256
 {
-    auto *const to = reinterpret_cast<__m128i *>(out);
-    stream ? _mm_stream_si128(to, v) : _mm_storeu_si128(to, v);
-    v = times(v, jump);
+    using Vector = __m256i;
+    static constexpr int Count = 8;
+    static constexpr int Block = 8 * Count;
+
+    TAVEX_TARGET_256 static void load(Vector &v, const quint32 *from) noexcept
+    {
+        v = _mm256_loadu_si256(reinterpret_cast<const Vector *>(from));
+    }
+
+    TAVEX_TARGET_256 static void put(Vector &v, char *out, bool stream) noexcept
+    {
+        auto *const to = reinterpret_cast<Vector *>(out);
+        stream ? _mm256_stream_si256(to, v) : _mm256_storeu_si256(to, v);
+        multiply(v, v, factor(Block));
+    }
+
+    TAVEX_TARGET_256 static void multiply(Vector &product, const Vector &v, int factor) noexcept
+    {
+        const Vector factors = _mm256_set1_epi32(factor);
+        const Vector modulus = _mm256_set1_epi32(Modulus);
+        const auto even = _mm256_castsi256_ps(_mm256_mul_epu32(v, factors));
+        const auto odd = _mm256_castsi256_ps(_mm256_mul_epu32(_mm256_srli_epi64(v, 32), factors));
+        const Vector high =
+            _mm256_castps_si256(_mm256_shuffle_ps(even, odd, _MM_SHUFFLE(3, 1, 3, 1)));
+        const Vector low = _mm256_srli_epi32(
+            _mm256_castps_si256(_mm256_shuffle_ps(even, odd, _MM_SHUFFLE(2, 0, 2, 0))), 1);
+        const Vector sum = _mm256_add_epi32(high, low);
+        const Vector result = _mm256_min_epu32(sum, _mm256_sub_epi32(sum, modulus));
+        product =
+            _mm256_shuffle_epi32(result, _MM_SHUFFLE(3, 1, 2, 0)); // The even ones came first.
+    }
+};
+
+/// Writes as many of the \a count numbers that follow \a state as fill whole blocks; the result
+/// tells how many. To be inlined into a function that is compiled for what \a Lanes needs.
+template <typename Lanes>
+[[gnu::always_inline]] inline qsizetype fill(quint32 &state, char *out, qsizetype count) noexcept
+{
+    using Vector = typename Lanes::Vector;
+    if (count < Lanes::Block)
+        return 0;
+    Vector a, b, c, d, e, f, g, h;
+    Lanes::load(a, firstLanes<Lanes::Count>(state).data());
+    Lanes::multiply(b, a, factor(Lanes::Count));
+    Lanes::multiply(c, b, factor(Lanes::Count));
+    Lanes::multiply(d, c, factor(Lanes::Count));
+    Lanes::multiply(e, d, factor(Lanes::Count));
+    Lanes::multiply(f, e, factor(Lanes::Count));
+    Lanes::multiply(g, f, factor(Lanes::Count));
+    Lanes::multiply(h, g, factor(Lanes::Count));
+    const bool stream = isStreamed(out, count);
+    const qsizetype blocks = count / Lanes::Block;
+    for (qsizetype i = 0; i < blocks; ++i) {
+        Lanes::put(a, out + 0 * sizeof a, stream);
+        Lanes::put(b, out + 1 * sizeof a, stream);
+        Lanes::put(c, out + 2 * sizeof a, stream);
+        Lanes::put(d, out + 3 * sizeof a, stream);
+        Lanes::put(e, out + 4 * sizeof a, stream);
+        Lanes::put(f, out + 5 * sizeof a, stream);
+        Lanes::put(g, out + 6 * sizeof a, stream);
+        Lanes::put(h, out + 7 * sizeof a, stream);
+        out += sizeof(quint32) * Lanes::Block;
+    }
+    if (stream)
+        _mm_sfence();
+    std::memcpy(&state, out - sizeof state, sizeof state);
+    return blocks * Lanes::Block;
 }
 
 qsizetype fill128(quint32 &state, char *out, qsizetype count) noexcept
 {
-    constexpr int Lanes = 4;
-    constexpr int Block = 8 * Lanes; // Eight multiplications at a time keep the processor busy.
-    if (count < Block)
-        return 0;
-    const auto lanes = firstLanes<Lanes>(state);
-    const __m128i next = _mm_set1_epi32(factor(Lanes));
-    __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i *>(lanes.data()));
-    __m128i b = times(a, next);
-    __m128i c = times(b, next);
-    __m128i d = times(c, next);
-    __m128i e = times(d, next);
-    __m128i f = times(e, next);
-    __m128i g = times(f, next);
-    __m128i h = times(g, next);
-    const __m128i jump = _mm_set1_epi32(factor(Block));
-    const bool stream = isStreamed(out, count);
-    const qsizetype blocks = count / Block;
-    for (qsizetype i = 0; i < blocks; ++i) {
-        put(a, jump, out + 0 * sizeof a, stream);
-        put(b, jump, out + 1 * sizeof a, stream);
-        put(c, jump, out + 2 * sizeof a, stream);
-        put(d, jump, out + 3 * sizeof a, stream);
-        put(e, jump, out + 4 * sizeof a, stream);
-        put(f, jump, out + 5 * sizeof a, stream);
-        put(g, jump, out + 6 * sizeof a, stream);
-        put(h, jump, out + 7 * sizeof a, stream);
-        out += sizeof(quint32) * Block;
-    }
-    if (stream)
-        _mm_sfence();
-    std::memcpy(&state, out - sizeof state, sizeof state);
-    return blocks * Block;
-}
-
-TAVEX_TARGET_256 inline __m256i times(__m256i v, __m256i factors) noexcept
-{
-    const __m256i modulus = _mm256_set1_epi32(Modulus);
-    const auto even = _mm256_castsi256_ps(_mm256_mul_epu32(v, factors));
-    const auto odd = _mm256_castsi256_ps(_mm256_mul_epu32(_mm256_srli_epi64(v, 32), factors));
-    const __m256i high = _mm256_castps_si256(_mm256_shuffle_ps(even, odd, _MM_SHUFFLE(3, 1, 3, 1)));
-    const __m256i low = _mm256_srli_epi32(
-        _mm256_castps_si256(_mm256_shuffle_ps(even, odd, _MM_SHUFFLE(2, 0, 2, 0))), 1);
-    const __m256i sum = _mm256_add_epi32(high, low);
-    const __m256i result = _mm256_min_epu32(sum, _mm256_sub_epi32(sum, modulus));
-    return _mm256_shuffle_epi32(result, _MM_SHUFFLE(3, 1, 2, 0)); // The even ones came first.
-}
-
-TAVEX_TARGET_256 inline void put(__m256i &v, __m256i jump, char *out, bool stream) noexcept
-{
-    auto *const to = reinterpret_cast<__m256i *>(out);
-    stream ? _mm256_stream_si256(to, v) : _mm256_storeu_si256(to, v);
-    v = times(v, jump);
+    return fill<Lanes128>(state, out, count);
 }
 
 TAVEX_TARGET_256 qsizetype fill256(quint32 &state, char *out, qsizetype count) noexcept
 {
-    constexpr int Lanes = 8;
-    constexpr int Block = 8 * Lanes; // Eight multiplications at a time keep the processor busy.
-    if (count < Block)
-        return 0;
-    const auto lanes = firstLanes<Lanes>(state);
-    const __m256i next = _mm256_set1_epi32(factor(Lanes));
-    __m256i a = _mm256_loadu_si256(reinterpret_cast<const __m256i *>(lanes.data()));
-    __m256i b = times(a, next);
-    __m256i c = times(b, next);
-    __m256i d = times(c, next);
-    __m256i e = times(d, next);
-    __m256i f = times(e, next);
-    __m256i g = times(f, next);
-    __m256i h = times(g, next);
-    const __m256i jump = _mm256_set1_epi32(factor(Block));
-    const bool stream = isStreamed(out, count);
-    const qsizetype blocks = count / Block;
-    for (qsizetype i = 0; i < blocks; ++i) {
-        put(a, jump, out + 0 * sizeof a, stream);
-        put(b, jump, out + 1 * sizeof a, stream);
-        put(c, jump, out + 2 * sizeof a, stream);
-        put(d, jump, out + 3 * sizeof a, stream);
-        put(e, jump, out + 4 * sizeof a, stream);
-        put(f, jump, out + 5 * sizeof a, stream);
-        put(g, jump, out + 6 * sizeof a, stream);
-        put(h, jump, out + 7 * sizeof a, stream);
-        out += sizeof(quint32) * Block;
-    }
-    if (stream)
-        _mm_sfence();
+    const qsizetype filled = fill<Lanes256>(state, out, count);
     _mm256_zeroupper(); // Or SSE code that runs after this would be slow.
-    std::memcpy(&state, out - sizeof state, sizeof state);
-    return blocks * Block;
+    return filled;
 }
 
 } // namespace
