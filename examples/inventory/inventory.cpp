@@ -1,10 +1,8 @@
 #include "inventory.h"
 
-#include <tavex/BinaryUnit>
 #include <tavex/ISerializable>
 #include <tavex/SCrc32>
 #include <tavex/SThreading>
-#include <tavex/SUnitConvert>
 
 #include <QDataStream>
 #include <QDateTime>
@@ -223,18 +221,4 @@ std::optional<FileRecord> Examination::examine(const FoundFile &found, const Adv
         m_cache->insert(path, &checksum);
     }
     return record;
-}
-
-QString readableSize(qint64 bytes, const QLocale &locale)
-{
-    auto number = static_cast<double>(bytes);
-    const BinaryUnit unit = SUnitConvert::autoBinaryUnits(number, BinaryUnit::Byte);
-    const QString word = BinaryUnit_TR::instance().etr(BinaryUnit_T::instance().toString(unit));
-    const int decimals = unit == BinaryUnit::Byte ? 0 : 1;
-    return QStringLiteral("%1 %2").arg(locale.toString(number, 'f', decimals), word);
-}
-
-QString crcText(uint crc)
-{
-    return QStringLiteral("%1").arg(crc, 8, 16, QLatin1Char('0'));
 }

@@ -4,7 +4,6 @@
 #include <tavex/SSafeNvCache>
 
 #include <QList>
-#include <QLocale>
 #include <QString>
 
 #include <atomic>
@@ -94,9 +93,3 @@ private:
 
     std::vector<std::jthread> m_threads;
 };
-
-/// \a bytes in the unit that reads best, in the words of the current language, such as "4.3 KiB".
-QString readableSize(qint64 bytes, const QLocale &locale);
-
-/// \a crc as eight hexadecimal digits.
-QString crcText(uint crc);

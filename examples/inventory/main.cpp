@@ -3,11 +3,11 @@
 #include "inventory.h"
 #include "sysinfo.h"
 #include "terminal.h"
+#include "text.h"
 
 #include <tavex/S3rdParty>
 #include <tavex/SConvert>
 #include <tavex/SDir>
-#include <tavex/SLocale>
 #include <tavex/SSafeNvCache>
 #include <tavex/TavexApplication>
 #include <tavex/TavexInfo>
@@ -26,11 +26,6 @@
 
 using namespace Quorvex;
 
-QString tr(const char *text, int n)
-{
-    return QCoreApplication::translate("inventory", text, nullptr, n);
-}
-
 namespace {
 
 QString rightAligned(const QString &text, qsizetype width)
@@ -47,27 +42,6 @@ struct Options
     bool sysinfo = false;
     bool useCache = true;
 };
-
-/// The text of --lang before anything else: the help text is in that language, too.
-QString languageArgument(const QStringList &arguments)
-{
-    const QString option = QStringLiteral("--lang");
-    for (qsizetype i = 1; i < arguments.size(); ++i) {
-        if (arguments.at(i) == option && i + 1 < arguments.size())
-            return arguments.at(i + 1);
-        if (arguments.at(i).startsWith(option + QLatin1Char('=')))
-            return arguments.at(i).mid(option.size() + 1);
-    }
-    return {};
-}
-
-/// The locale that the user named, or else the system's. Where that is the bare C locale, the
-/// program speaks English, whose catalogue knows the plural forms.
-QLocale languageLocale(const QString &name)
-{
-    const QLocale locale = name.isEmpty() ? QLocale::system() : SLocale(name).locale();
-    return locale.language() == QLocale::C ? QLocale(QLocale::English) : locale;
-}
 
 void setLanguage(const QString &name)
 {

@@ -1,6 +1,6 @@
 #include "sysinfo.h"
 
-#include "inventory.h"
+#include "text.h"
 
 #include <tavex/CpuFeatureFlags>
 #include <tavex/CpuType>
@@ -29,15 +29,9 @@ QStringList featureNames()
     return names;
 }
 
-struct Folder
+QList<SystemFact> folders()
 {
-    QString name;
-    QString path;
-};
-
-QList<Folder> folders()
-{
-    QList<Folder> result;
+    QList<SystemFact> result;
     for (const auto &row : SpecialFolder_T::rows) {
         const QString path = SEnvironment::getFolder(row.value, true);
         const QString name = SpecialFolder_T::instance().toString(row.value);
@@ -49,33 +43,44 @@ QList<Folder> folders()
 
 } // namespace
 
-void writeSystem(QTextStream &out, const QLocale &locale)
+QList<SystemSection> describeSystem(const QLocale &locale)
 {
-    const auto line = [&](const char *label, const QString &value) {
-        out << tr(label) << QStringLiteral(": ") << value << '\n';
-    };
     const auto size = [&](qint64 bytes) { return readableSize(bytes, locale); };
 
-    line("Operating system", SSysInfo::prettyProductName());
-    line("Kernel", SSysInfo::kernelType() + QLatin1Char(' ') + SSysInfo::kernelVersion());
-    line("User", SEnvironment::fullUserName());
-    line("Qt version", SEnvironment::qtRuntimeVersionString());
-    line("Processor", SCpuInfo::brand());
-    line("Processor type", CpuType_T::instance().toString(SCpuInfo::type()));
-    line("Cores", locale.toString(SCpuInfo::cores()));
-    line("Usable processors", locale.toString(SCpuInfo::threads()));
-    line("Processor features", featureNames().join(QLatin1Char(' ')));
-    line("Memory",
-        tr("%1, %2 available").arg(size(SMemoryInfo::total()), size(SMemoryInfo::available())));
-
-    out << '\n' << tr("Volumes") << '\n';
+    SystemSection volumes{tr("Volumes"), {}};
     for (const SStorageInfo &volume : SStorageInfo::volumes()) {
-        out << QStringLiteral("  %1 (%2): ").arg(volume.rootPath(), volume.type())
-            << tr("%1, %2 free").arg(size(volume.totalBytes()), size(volume.freeBytes())) << '\n';
+        volumes.facts.append({QStringLiteral("%1 (%2)").arg(volume.rootPath(), volume.type()),
+            tr("%1, %2 free").arg(size(volume.totalBytes()), size(volume.freeBytes()))});
     }
-    out << '\n' << tr("Folders") << '\n';
-    for (const Folder &folder : folders())
-        out << QStringLiteral("  %1: %2\n").arg(folder.name, folder.path);
+    return {
+        {{},
+            {{tr("Operating system"), SSysInfo::prettyProductName()},
+                {tr("Kernel"),
+                    SSysInfo::kernelType() + QLatin1Char(' ') + SSysInfo::kernelVersion()},
+                {tr("User"), SEnvironment::fullUserName()},
+                {tr("Qt version"), SEnvironment::qtRuntimeVersionString()},
+                {tr("Processor"), SCpuInfo::brand()},
+                {tr("Processor type"), CpuType_T::instance().toString(SCpuInfo::type())},
+                {tr("Cores"), locale.toString(SCpuInfo::cores())},
+                {tr("Usable processors"), locale.toString(SCpuInfo::threads())},
+                {tr("Processor features"), featureNames().join(QLatin1Char(' '))},
+                {tr("Memory"),
+                    tr("%1, %2 available")
+                        .arg(size(SMemoryInfo::total()), size(SMemoryInfo::available()))}}},
+        volumes,
+        {tr("Folders"), folders()},
+    };
+}
+
+void writeSystem(QTextStream &out, const QLocale &locale)
+{
+    for (const SystemSection &section : describeSystem(locale)) {
+        const bool isTitled = !section.title.isEmpty();
+        if (isTitled)
+            out << '\n' << section.title << '\n';
+        for (const SystemFact &fact : section.facts)
+            out << (isTitled ? "  " : "") << fact.label << ": " << fact.value << '\n';
+    }
 }
 
 QByteArray systemAsJson()
@@ -88,8 +93,8 @@ QByteArray systemAsJson()
             {QStringLiteral("free"), volume.freeBytes()}});
     }
     QJsonObject paths;
-    for (const Folder &folder : folders())
-        paths.insert(folder.name, folder.path);
+    for (const SystemFact &folder : folders())
+        paths.insert(folder.label, folder.value);
     const QJsonObject system{{QStringLiteral("system"), SSysInfo::prettyProductName()},
         {QStringLiteral("kernel"), SSysInfo::kernelVersion()},
         {QStringLiteral("user"), SEnvironment::fullUserName()},

@@ -1,7 +1,7 @@
 #include "terminal.h"
 
 #include "inventory.h"
-#include "sysinfo.h"
+#include "text.h"
 
 #include <QLocale>
 

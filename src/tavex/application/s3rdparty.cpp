@@ -153,8 +153,8 @@ QString S3rdParty::legalInformation()
 body { max-width: 46rem; margin: 2.5rem auto; padding: 0 1.25rem; line-height: 1.5; font-family: system-ui, sans-serif; }
 h1 { margin-bottom: .25rem; }
 table { width: 100%; margin: 1.5rem 0; border-collapse: collapse; }
-th, td { padding: .45rem .75rem .45rem 0; text-align: start; vertical-align: top; border-bottom: 1px solid #8886; }
-pre { padding: 1rem; overflow-x: auto; white-space: pre-wrap; font-size: .8rem; background: #8881; border-radius: .4rem; }
+th, td { padding: .45em .75em .45em 0; text-align: start; vertical-align: top; border-bottom: 1px solid rgba(136, 136, 136, .4); }
+pre { padding: 1rem; overflow-x: auto; white-space: pre-wrap; font-size: .8rem; background: rgba(136, 136, 136, .07); border-radius: .4rem; }
 </style>
 </head>
 <body>

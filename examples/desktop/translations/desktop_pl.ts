@@ -1,0 +1,153 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="pl" sourcelanguage="en">
+<context>
+    <name>Window</name>
+    <message>
+        <source>Checksums</source>
+        <extracomment>Title of the window.</extracomment>
+        <translation>Sumy kontrolne</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <extracomment>Menu. A letter after &amp; opens it together with Alt: no two menus may share theirs.</extracomment>
+        <translation>&amp;Plik</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <extracomment>Menu entry: choose files. No two entries of a menu may share the letter after &amp;.</extracomment>
+        <translation>&amp;Otwórz…</translation>
+    </message>
+    <message>
+        <source>&amp;Abort all</source>
+        <extracomment>Menu entry and button: no file is to be read any further.</extracomment>
+        <translation>&amp;Przerwij wszystko</translation>
+    </message>
+    <message>
+        <source>&amp;Remove finished</source>
+        <extracomment>Menu entry: takes the files that are done, aborted or cannot be read off the list.</extracomment>
+        <translation>&amp;Usuń zakończone</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <extracomment>Menu entry: ends the program.</extracomment>
+        <translation>&amp;Zakończ</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <extracomment>Menu: the languages of the program.</extracomment>
+        <translation>&amp;Język</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <extracomment>Menu.</extracomment>
+        <translation>Po&amp;moc</translation>
+    </message>
+    <message>
+        <source>&amp;System information</source>
+        <extracomment>Menu entry: what the program knows of the computer.</extracomment>
+        <translation>&amp;Informacje o systemie</translation>
+    </message>
+    <message>
+        <source>&amp;Legal information</source>
+        <extracomment>Menu entry: the licences of the components.</extracomment>
+        <translation>Informacje &amp;prawne</translation>
+    </message>
+    <message>
+        <source>Drop files here</source>
+        <extracomment>Shown in the empty window: the user can drag files into it.</extracomment>
+        <translation>Upuść pliki tutaj</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <extracomment>Column heading: the name of a file.</extracomment>
+        <translation>Nazwa</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <extracomment>Column heading: the size of a file.</extracomment>
+        <translation>Rozmiar</translation>
+    </message>
+    <message>
+        <source>Modified</source>
+        <extracomment>Column heading: when a file was changed last.</extracomment>
+        <translation>Zmodyfikowano</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <extracomment>Column heading: how far the reading of a file is, and what came of it.</extracomment>
+        <translation>Postęp</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <extracomment>Name of the list, for those who hear it.</extracomment>
+        <translation>Pliki</translation>
+    </message>
+    <message>
+        <source>Progress of all files</source>
+        <extracomment>Name of a progress bar, for those who hear it.</extracomment>
+        <translation>Postęp wszystkich plików</translation>
+    </message>
+    <message>
+        <source>Abort</source>
+        <extracomment>Tip of a button: this file is not to be read any further.</extracomment>
+        <translation>Przerwij</translation>
+    </message>
+    <message>
+        <source>Abort %1</source>
+        <extracomment>Name of that button, for those who hear it: %1 is the name of the file.</extracomment>
+        <translation>Przerwij %1</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <extracomment>State of a file: its checksum is known.</extracomment>
+        <translation>Gotowe</translation>
+    </message>
+    <message>
+        <source>Aborted</source>
+        <extracomment>State of a file: the user did not want it to be read any further.</extracomment>
+        <translation>Przerwano</translation>
+    </message>
+    <message>
+        <source>Cannot be read</source>
+        <extracomment>State of a file.</extracomment>
+        <translation>Nie można odczytać</translation>
+    </message>
+    <message>
+        <source>Open files</source>
+        <extracomment>Title of the dialog in which the user chooses files.</extracomment>
+        <translation>Otwórz pliki</translation>
+    </message>
+</context>
+<context>
+    <name>Page</name>
+    <message>
+        <source>&amp;Close</source>
+        <extracomment>Button of a dialog.</extracomment>
+        <translation>&amp;Zamknij</translation>
+    </message>
+    <message>
+        <source>System information</source>
+        <extracomment>Title of a dialog: what the program knows of the computer.</extracomment>
+        <translation>Informacje o systemie</translation>
+    </message>
+    <message>
+        <source>Legal information</source>
+        <extracomment>Title of a dialog: the licences of the components.</extracomment>
+        <translation>Informacje prawne</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Shows the CRC-32 checksums of files in a window.</source>
+        <extracomment>Help text: what the program does.</extracomment>
+        <translation>Wyświetla w oknie sumy kontrolne CRC-32 plików.</translation>
+    </message>
+    <message>
+        <source>The files to begin with.</source>
+        <extracomment>Help text of the arguments: files that are in the list when the window opens.</extracomment>
+        <translation>Pliki, od których zacząć.</translation>
+    </message>
+</context>
+</TS>
