@@ -31,4 +31,14 @@ void application(QTextStream &out)
     const QString data = SEnvironment::appDataLocation(true);
     out << data.endsWith(QStringLiteral("/Example/Album")) << '\n';
     //! [use]
+
+    //! [switch]
+    const QList<QTranslator *> earlier = TavexApplication::translations();
+    for (QTranslator *translator : earlier)
+        QCoreApplication::removeTranslator(translator);
+    TavexApplication::init(QLocale(QLocale::Swedish));
+    for (QTranslator *translator : TavexApplication::translations().mid(earlier.size()))
+        QCoreApplication::installTranslator(translator);
+    out << Bool_TR::instance().etr(QStringLiteral("True")) << '\n'; // Sant
+    //! [switch]
 }
