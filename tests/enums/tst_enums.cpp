@@ -1,21 +1,8 @@
-#include <tavex/Tavex>
-
-#include <QBuffer>
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <memory>
-
-using namespace Quorvex;
+#include "common.h"
 
 namespace {
 
 using enum EnumTranslationOptions;
-
-QString string(const char *text)
-{
-    return QString::fromLatin1(text);
-}
 
 template <typename E>
 QString printed(E value, const QLocale &locale = QLocale::c())
@@ -208,7 +195,7 @@ private Q_SLOTS:
     {
         const QTemporaryDir folder;
         QFile file(folder.filePath(string("a.ts")));
-        for (const char *document : {"longer than the next", "<TS>\xE4</TS>"})
+        for (const char *document : {"longer than the next", "<TS>\xC3\xA4</TS>"})
             QVERIFY(SEnumHelper::writeTranslatorXML(file.fileName(), string(document)));
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll(), "<TS>\xC3\xA4</TS>");

@@ -1,14 +1,10 @@
-#include <tavex/SRandom>
-#include <tavex/numeric/srandom_p.h>
+#include "common.h"
 
-#include <QRandomGenerator>
-#include <QTest>
+#include <tavex/numeric/srandom_p.h>
 
 #include <numeric>
 #include <random>
 
-using Quorvex::SArray;
-using Quorvex::SRandom;
 namespace RandomLanes = Quorvex::RandomLanes;
 
 namespace {

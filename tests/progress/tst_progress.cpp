@@ -1,19 +1,8 @@
-#include <tavex/SProgressDefaulter>
-#include <tavex/SProgressPool>
-#include <tavex/SSignalResult>
-#include <tavex/SSysInfo>
-#include <tavex/SThreading>
-
-#include <QMetaMethod>
-#include <QTest>
-#include <QThread>
+#include "common.h"
 
 #include <barrier>
 #include <numeric>
 #include <optional>
-#include <thread>
-
-using namespace Quorvex;
 
 namespace {
 
@@ -106,6 +95,8 @@ private Q_SLOTS:
         a.setProgress(1);
         QCOMPARE(b.progress(), 20);
         QCOMPARE(a.abortPeers(), QSet<IProgress *>{&b});
+        IProgress::unlink(&b, &a);
+        QVERIFY(a.abortPeers().isEmpty());
     }
 
     void pools()
@@ -232,8 +223,29 @@ private Q_SLOTS:
             SThreading::setDefaultConcurrence(count);
             QCOMPARE(SThreading::defaultConcurrence(), count > 0 ? count : all);
         }
-        SThreading::setDefaultConcurrence(ConcurrenceMode(0));
-        QCOMPARE(SThreading::defaultConcurrence(), 1);
+        struct Lockable : Interfaces::ILockable
+        {
+            void lock() override { ++count; }
+            void unlock() override { --count; }
+            int count = 0;
+        } lockable;
+        int elapsed = -1;
+        {
+            const SLocker locker(&lockable);
+            const SLocker none(nullptr);
+            const SChronograph chronograph(&elapsed);
+            const SChronograph copy(chronograph);
+            QVERIFY(lockable.count == 1 && elapsed == 0);
+            elapsed = -2;
+        }
+        QVERIFY(lockable.count == 0 && elapsed != -2);
+
+        using M = ConcurrenceMode;
+        for (const auto &[mode, count] : {std::pair(M(0), 1), {M::Half, all / 2},
+                 {M::MoreThanHalf, all * 3 / 4}, {M::AlmostFull, all - 1}, {M::Full, all}}) {
+            SThreading::setDefaultConcurrence(mode);
+            QCOMPARE(SThreading::defaultConcurrence(), qMax(1, count));
+        }
     }
 };
 
