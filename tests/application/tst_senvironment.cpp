@@ -82,8 +82,17 @@ private Q_SLOTS:
             QVERIFY2(QFileInfo(writable).isWritable(), qPrintable(writable));
     }
 
-    void ownAndUnknownFolders()
+    void ownAndUnknown()
     {
+        qputenv("USERNAME", string("Zoë").toLocal8Bit());
+        QCOMPARE(SEnvironment::userName(), string("Zoë"));
+        const QString full = SEnvironment::fullUserName();
+        QVERIFY(!full.isEmpty() && (SSysInfo::isWindows() || !full.contains(u',')));
+        QCOMPARE(SEnvironment::qtRuntimeVersionString(), string(qVersion()));
+        QCOMPARE(SEnvironment::qtCompiledVersionString(), string(QT_VERSION_STR));
+        QCOMPARE(SEnvironment::rawWindowsNewLine(),
+            SEnvironment::rawMacNewLine() + SEnvironment::rawUnixNewLine());
+
         QVERIFY(SEnvironment::rootFolder(true).isEmpty());
         const auto name = &SEnvironment::getFolderDisplayName;
         QCOMPARE(name(F::RootLocation), string("Root"));
@@ -94,15 +103,6 @@ private Q_SLOTS:
             for (const bool writable : {false, true})
                 QCOMPARE(SEnvironment::getFolder(folder, writable) + name(folder), QString());
         }
-    }
-
-    void userAndQt()
-    {
-        qputenv("USERNAME", string("Zoë").toLocal8Bit());
-        QCOMPARE(SEnvironment::userName(), string("Zoë"));
-        const QString full = SEnvironment::fullUserName();
-        QVERIFY(!full.isEmpty() && (SSysInfo::isWindows() || !full.contains(u',')));
-        QCOMPARE(SEnvironment::qtRuntimeVersionString(), QLatin1String(qVersion()));
     }
 
     void temporaryNames()

@@ -148,7 +148,7 @@ private Q_SLOTS:
         }
     }
 
-    void narrowsAndFails()
+    void narrowsAndReadsVariants()
     {
         const auto row = [](const auto &parser, const char *text, bool fits, auto expected,
                              const auto &...how) {
@@ -163,10 +163,7 @@ private Q_SLOTS:
         row(SConvert::toDouble, "1,5", true, 1.5, QLocale(QLocale::German));
         row(SConvert::toSingle, "1e60", false, std::numeric_limits<float>::infinity());
         QCOMPARE(SConvert::toDouble(QString(), nullptr), 0.0);
-    }
 
-    void readsVariants()
-    {
         QVERIFY(convertsNumbers());
         QCOMPARE(SConvert::toUInt64(QVariant(Max<qint64>)), quint64(Max<qint64>));
         QCOMPARE(SConvert::toInt32(QVariant(3.9)), 4); // As QMetaType does it.
@@ -291,16 +288,6 @@ private Q_SLOTS:
         row(map, "", "k: [1, [{x: 2.5}]], l: []");
         row(QVariantHash{{string("b"), 1}, {string("a"), QVariantHash()}}, "", "a: {}, b: 1");
         row(map, "{json}", "{\"k\":[1,[{\"x\":2.5}]],\"l\":[]}");
-    }
-
-    // A format is an expression, and may name the groups itself.
-    void readsAnyGroupOfAVersion()
-    {
-        const QString format = string("(?<major>.+)");
-        QCOMPARE(SConvert::toVersion(string("7,000"), format, QLocale::c()), SVersion(7000, 0, 0));
-        QCOMPARE(SConvert::toVersion(QString(99, u'9'), format, QLocale::c()), SVersion());
-        QCOMPARE(SConvert::toVersion(string("x"), format, QLocale::c()), SVersion());
-        QCOMPARE(SConvert::toVersion(string("1.2.3"), QLocale(QLocale::German)), SVersion(1, 2, 3));
     }
 
     // The overloads for values give what a variant of the value gives.

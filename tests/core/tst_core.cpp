@@ -56,6 +56,8 @@ private Q_SLOTS:
     void versionCarriesCrossComponents()
     {
         QVERIFY(TavexInfo::version() == 131084);
+        QVERIFY(TavexInfo::copyright().contains(TavexInfo::company()));
+        QVERIFY(TavexInfo::description() != TavexInfo::moduleName());
         SVersion version(1, 2, 255);
         QCOMPARE(version++, SVersion(1, 2, 255));
         QCOMPARE(version, SVersion(1, 3, 0));
@@ -81,19 +83,13 @@ private Q_SLOTS:
     // Each setter clears its own choice of high bits, and none masks its argument.
     void versionSetters()
     {
-        SVersion version = SVersion::invalidVersion();
-        version.setPatch(5);
-        QCOMPARE(version.value(), 0xFFFF05);
-        version = SVersion::invalidVersion();
-        version.setMinor(5);
-        QCOMPARE(version.value(), 0xFF05FF);
-        version = SVersion::invalidVersion();
-        version.setMajor(1);
-        QCOMPARE(version, SVersion(1, 255, 255));
-        version.setPatch(0x300);
-        QCOMPARE(version, SVersion(1, 255, 0));
-        version.setMajor(-1);
-        QVERIFY(!version.isValid());
+        for (const auto &[set, n, expected] : {std::tuple(&SVersion::setPatch, 5, 0xFFFF05),
+                 {&SVersion::setMinor, 5, 0xFF05FF}, {&SVersion::setMajor, 1, 0x1FFFF},
+                 {&SVersion::setPatch, 0x300, 0xFFFF00}, {&SVersion::setMajor, -1, -1}}) {
+            SVersion version = SVersion::invalidVersion();
+            (version.*set)(n);
+            QCOMPARE(version.value(), expected);
+        }
     }
 
     void versionComparesWithAnyNumber()
@@ -118,7 +114,9 @@ private Q_SLOTS:
             {"1-2-3", {1, 2, 3}}, {"1.2.345", {1, 2, 34}},
             {"123.4.5", {1, 3, 4}}, // The dots stand for any character, a digit too.
             {"1.2", {}}, {"abc", {}}, {"", {}}, {"3/2/1", {1, 2, 3}, " {pp}/{mm}/{MM} "},
-            {"7", {7, 0, 0}, "{MM}"}, {"1.1", {}, "{MM}.{MM}"}, {"(1", {}, "({MM}"}};
+            {"7", {7, 0, 0}, "{MM}"}, {"7,000", {7000, 0, 0}, "(?<major>.+)"},
+            {"99999999999", {}, "(?<major>.+)"}, {"x", {}, "(?<major>.+)"},
+            {"1.1", {}, "{MM}.{MM}"}, {"(1", {}, "({MM}"}};
         for (const Row &row : rows) {
             const QString text = string(row.text);
             const QString format = string(row.format);

@@ -173,6 +173,11 @@ private Q_SLOTS:
         QCOMPARE(etr("Maybe"), "run time");
         QVERIFY(translator.remove(string("Maybe")) && !translator.remove(string("Maybe")));
 
+        QVERIFY(translator.useTranslation(string("a {T:Bool} b"), QLocale(QLocale::German)));
+        QVERIFY(translator.useTranslation(string("{T:All}")));
+        QVERIFY(!translator.useTranslation(string("{T:All}"), QLocale(QLocale::Dutch)));
+        QVERIFY(!translator.useTranslation(string("{t:all} {T:bool} {T:BinaryUnit}")));
+
         // A load empties the run-time texts, and tells what is missing.
         QVERIFY(translator.load(QLocale(QLocale::French, QLocale::Canada), folder));
         QCOMPARE(etr("True", TranslateFallback), "True");
@@ -180,15 +185,6 @@ private Q_SLOTS:
         QVERIFY(!translator.load(QLocale(QLocale::German), string(":/nowhere")));
         QVERIFY(!translator.load(QLocale(QLocale::Japanese), folder));
         QCOMPARE(etr("True"), "True");
-    }
-
-    void markers()
-    {
-        const Translator translator;
-        QVERIFY(translator.useTranslation(string("a {T:Bool} b"), QLocale(QLocale::German)));
-        QVERIFY(translator.useTranslation(string("{T:All}")));
-        QVERIFY(!translator.useTranslation(string("{T:All}"), QLocale(QLocale::Dutch)));
-        QVERIFY(!translator.useTranslation(string("{t:all} {T:bool} {T:BinaryUnit}")));
     }
 
     void writeTranslatorXML()

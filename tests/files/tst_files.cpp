@@ -107,8 +107,9 @@ private Q_SLOTS:
             ended.setFileName(other.fileName());
         }
         QVERIFY(!ended.exists());
-        QVERIFY(SDir(path("x/kept")).link(path("x/link")));
         QVERIFY(QDir::setCurrent(path("x/kept"))); // What an empty path is not to stand for.
+        QVERIFY(SDir(string(".")).link(path("x/link")) && !SDir({}).link(path("x/none")));
+        QVERIFY(QFile::exists(path("x/link/.hidden")));
         const QStringList names{path("x/gone"), path("x/late"), path("x/link/"), path("x/gone")};
         QCOMPARE(SFileHelper::deleteOnExit(names), names);
         QCOMPARE(SFileHelper::deleteOnExit(names.at(0)), names.at(0));

@@ -144,6 +144,13 @@ private Q_SLOTS:
         for (const char *format : {"{indent}", "{json:indent}"})
             QVERIFY(json.toString(string(format)).contains(QLatin1Char('\n')));
 
+        Own<SMetaByteArray> bytes{QByteArray()};
+        QVERIFY(bytes.isNull() && bytes.isEmpty() && Own<SMetaByteArray>("").isEmpty());
+        Own<SMetaJsonDocument> none{QJsonDocument()};
+        QVERIFY(none.isNull() && none.isEmpty() && !json.isNull() && !json.isEmpty());
+        QCOMPARE(bytes.name() + none.name(), string("SMetaByteArraySMetaJsonDocument"));
+        QVERIFY(Own<SMetaString>(QString()).isNull() && Own<SMetaString>(string("")).isEmpty());
+        QCOMPARE(Own<SMetaString>(string("a")).toString(), string("a"));
         const QDateTime noon(QDate(2024, 2, 29), QTime(12, 0), Qt::OffsetFromUTC, 3600);
         QCOMPARE(Own<SMetaDateTime>(noon).toString(string("HH:mm")),
             noon.toLocalTime().toString(string("HH:mm")));
@@ -190,7 +197,7 @@ private Q_SLOTS:
         copy = static_cast<Interfaces::IMetadatable *>(&copy);
         QVERIFY(copy == all);
         copy.removeMetadata(1);
-        QVERIFY(copy != all && all != copy);
+        QVERIFY(copy != all && all != copy && !copy.hasMetadata(1) && copy.hasMetadata(2));
         copy.setMetadata(new Counted(3, -1), true); // As many values, but of other kinds.
         QVERIFY(copy != all && all != copy);
 

@@ -54,13 +54,21 @@ private Q_SLOTS:
         const QList<QLocale> locales = QLocale::matchingLocales(
             QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);
         QVERIFY(locales.size() > 300);
+        const auto check = []<typename T>(const T &value, const QLocale &locale) {
+            const QString text = value.toString(locale);
+            const std::decay_t<decltype(value.value())> plain = value;
+            QVERIFY2(T::fromString(text, locale) == value && value == plain, qPrintable(text));
+            QVERIFY(!T::fromString(text + u'x', locale));
+        };
+        const double rows[][4] = {
+            {Limits::lowest(), Limits::max(), Limits::denorm_min(), -Limits::min()},
+            {0.1, -1234567.875, 1e-7, -1}, {Limits::infinity(), -Limits::infinity(), -0.0, 1e300}};
         for (const QLocale &locale : locales) {
-            for (const SRectF &rect :
-                {SRectF(Limits::lowest(), (Limits::max)(), Limits::denorm_min(), -(Limits::min)()),
-                    SRectF(0.1, -1234567.875, 1e-7, -1),
-                    SRectF(Limits::infinity(), -Limits::infinity(), -0.0, 1e300)}) {
-                const QString text = rect.toString(locale);
-                QVERIFY2(SRectF::fromString(text, locale) == rect, qPrintable(text));
+            for (const auto &[a, b, c, d] : rows) {
+                check(SPointF(a, b), locale);
+                check(SSizeF(c, d), locale);
+                check(SRectF(a, b, c, d), locale);
+                check(SPadding(a, b, c, d), locale);
             }
         }
     }

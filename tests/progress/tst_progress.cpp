@@ -115,6 +115,7 @@ private Q_SLOTS:
         SProgressPool empty(0);
         IProgress::link(&empty, pool.at(0)); // It never follows.
         pool.setProgress(100);
+        empty.setProgress(5);
         QVERIFY(empty.isEmpty() && !empty.last() && pool.progress() == 50);
 
         SProgressPool outer(2);
@@ -246,6 +247,8 @@ private Q_SLOTS:
             SThreading::setDefaultConcurrence(mode);
             QCOMPARE(SThreading::defaultConcurrence(), qMax(1, count));
         }
+        SThreading::setThreadsPerCore(3);
+        QCOMPARE(SThreading::threadsPerCore(), 3);
     }
 };
 

@@ -149,19 +149,6 @@ private Q_SLOTS:
             QVERIFY2(!ProcFs::isNetworkType(string(type)), type);
     }
 
-    void directoryLink()
-    {
-        const QTemporaryDir top;
-        const QString folder = top.filePath(string("größe"));
-        const QString link = top.filePath(string("link"));
-        QVERIFY(QDir().mkpath(folder + string("/in")));
-        QVERIFY(QDir::setCurrent(QDir::rootPath()));
-        // Relative to where the program is, not to where the link is.
-        QVERIFY(Platform::linkDirectory(link, QDir::current().relativeFilePath(folder)));
-        QVERIFY(QDir(link + string("/in")).exists());
-        QVERIFY(!Platform::linkDirectory(link + u'2', QString()));
-    }
-
     void removableDrives()
     {
         const QTemporaryDir root;
