@@ -128,12 +128,17 @@ private Q_SLOTS:
         cache.clear();
         QVERIFY(cache.isEmpty());
 
+        Value accepts([](QDataStream &) { return true; });
+        QVERIFY(!cache.value(string("none"), &accepts));
+
         put("file", {});
+        QVERIFY(SSafeNvCache(string("file"), m_path).isNull());
         SNvCache none(string("file"), m_path); // There was no directory when it was made.
         QVERIFY(QFile::remove(m_path + string("/file")) && QDir().mkpath(m_path + string("/file")));
+        put(QByteArray("file/" + KeyFile.toLatin1()), "v");
         QVERIFY(none.isNull() && !none.insert(Key, "v") && !none.remove(Key));
-        QVERIFY(none.value(Key).isNull() && !none.value(Key, &refuses));
-        QVERIFY(!none.value(Key, &missing) && !missing.isOpen() && none.folder() == m_path);
+        QVERIFY(none.value(Key).isNull() && !none.value(Key, &accepts));
+        QVERIFY(!none.value(Key, &missing) && !missing.exists() && none.folder() == m_path);
     }
 
 #ifdef Q_OS_UNIX
@@ -193,6 +198,7 @@ private Q_SLOTS:
         QVERIFY(cache.insert(Key, &nested) && cache.count() == 2);
         QCOMPARE(cache.value(Key).toHex(), QByteArray("0000000100000002"));
 
+        QVERIFY(QFile::remove(m_path + string("/new-64")));
         int depth = 0;
         const std::function<bool(QDataStream &)> dig = [&](QDataStream &stream) {
             Value deeper(dig);
