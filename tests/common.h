@@ -4,6 +4,7 @@
 
 #include <QtTest>
 
+#include <barrier>
 #include <limits>
 #include <memory>
 #include <thread>
@@ -49,3 +50,14 @@ struct Device : QBuffer
     QList<qint64> m_portions;
     qint64 m_waits = 0;
 };
+
+/// Calls the functions at once, each on a thread of its own, and waits for them.
+template <typename... Functions>
+void together(Functions... functions)
+{
+    std::barrier start(sizeof...(functions));
+    const std::jthread threads[] = {std::jthread([&start, functions] {
+        start.arrive_and_wait();
+        functions();
+    })...};
+}

@@ -3,7 +3,6 @@
 #include <csignal>
 #include <functional>
 #include <utility>
-#include <vector>
 
 #ifdef Q_OS_UNIX
 #include <sys/resource.h>
@@ -169,7 +168,7 @@ private Q_SLOTS:
             QCOMPARE(files().size(), stays ? 1 : 0);
         };
         std::signal(SIGXFSZ, SIG_IGN);
-        for (const rlim_t size : {0, 1, 50'000, 99'999}) {
+        for (const rlim_t size : {0U, 1U, 50'000U, 99'999U}) {
             row(RLIMIT_FSIZE, size, large, false);
             row(RLIMIT_FSIZE, size, &buffer, false);
             row(RLIMIT_FSIZE, size, &careless, false);
@@ -253,22 +252,18 @@ private Q_SLOTS:
     void threads()
     {
         SSafeNvCache cache(string("cache"), m_folder.path());
-        std::vector<std::jthread> threads;
-        threads.reserve(8);
-        for (int i = 0; i < 8; ++i) {
-            threads.emplace_back([&cache, i] {
-                for (int n = 0; n < 50; ++n) {
-                    const QString key = QString::number(100 * i + n);
-                    Value value([&](QDataStream &stream) {
-                        return !cache.contains(key) && (stream << n).status() == 0;
-                    });
-                    if (cache.insert(key, &value) && cache.value(key).size() == 4 && n % 2)
-                        cache.remove(key);
-                }
-            });
-        }
-        threads.clear();
-        QCOMPARE(cache.keys().size(), 8 * 25);
+        const auto use = [&](int begin) {
+            for (int n = begin; n < begin + 100; ++n) {
+                const QString key = QString::number(n);
+                Value value([&](QDataStream &stream) {
+                    return !cache.contains(key) && (stream << n).status() == 0;
+                });
+                if (cache.insert(key, &value) && cache.value(key).size() == 4 && n % 2)
+                    cache.remove(key);
+            }
+        };
+        together([&] { use(0); }, [&] { use(100); }, [&] { use(200); }, [&] { use(300); });
+        QCOMPARE(cache.keys().size(), 4 * 50);
     }
 };
 

@@ -272,8 +272,8 @@ private Q_SLOTS:
         row(object, "{indent}", "{\n    \"a\": [\n        1,\n        null\n    ]\n}");
         row(QJsonDocument(object), "{json:indent}",
             "{\n    \"a\": [\n        1,\n        null\n    ]\n}");
-        row(QJsonValue(object), "", "{\"a\":[1,null]}");
-        row(QJsonValue(object[string("a")]), "{json}", "[1,null]");
+        row(QJsonValue(object), "{indent}", "{\n    \"a\": [\n        1,\n        null\n    ]\n}");
+        row(QJsonValue(object[string("a")]), "{indent}", "[\n    1,\n    null\n]");
         row(QJsonArray{1}, "", "[1]");
         row(QJsonValue(string("\"x")), "", "\"\\\"x\"");
         row(QJsonValue(QJsonValue::Undefined), "", "");
@@ -297,16 +297,13 @@ private Q_SLOTS:
         QCOMPARE(SConvert::toString(1234L, german), string("1.234"));
         QCOMPARE(SConvert::toString(std::size_t(255), string("{base:16}")), string("ff"));
         QCOMPARE(SConvert::toString(0.5, string("{f:2}"), german), string("0,50"));
-        QCOMPARE(SConvert::toString(1, QLocale::German), string("1"));
         QCOMPARE(SConvert::toString(QLatin1String("text")), string("text"));
         QCOMPARE(SConvert::toString(string("text"), string("{f:2}")), string("text"));
         QCOMPARE(SConvert::toString(OperatingSystem::Linux), string("Linux"));
         QCOMPARE(SConvert::toString(SIPrefix::Mega, german), string("Mega"));
-        QCOMPARE(SConvert::toString(QDate(2024, 2, 29), string("{iso}")), string("2024-02-29"));
         QCOMPARE(SConvert::toString(QList<SVersion>{{1, 2, 3}, {4, 5, 6}}), string("1.2.3, 4.5.6"));
         QCOMPARE(SConvert::toString(QList<long>{1, -2}), string("1, -2"));
         QCOMPARE(SConvert::toString(QList<bool>{true, false}), string("True, False"));
-        QCOMPARE(SConvert::toString(QVariantList{1, string("a")}, german), string("1; a"));
     }
 };
 

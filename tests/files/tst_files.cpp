@@ -37,9 +37,12 @@ private Q_SLOTS:
         for (const int taken : {5, 2, -1})
             QCOMPARE(SFileHelper::writeAllBuffer(&target, "abcde", 5, 0), taken);
         QCOMPARE(target.data(), "abcdeabab");
+        Device begun({2});
+        QCOMPARE(SFileHelper::writeAllBuffer(&begun, "abcde", 5, 0), 5);
         for (const int waits : {2, -1}) {
             target.m_waits = waits;
             QCOMPARE(SFileHelper::writeAllBuffer(&target, "a", 1, 1), waits < 0 ? -1 : 1);
+            QVERIFY(target.m_waits <= 0);
         }
         QCOMPARE(SFileHelper::readAllBuffer(&target, &byte, 1, 1), -1);
         for (const int size : {-1, 0, 1}) {
@@ -112,7 +115,8 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(path("x/link/.hidden")));
         const QStringList names{path("x/gone"), path("x/late"), path("x/link/"), path("x/gone")};
         QCOMPARE(SFileHelper::deleteOnExit(names), names);
-        QCOMPARE(SFileHelper::deleteOnExit(names.at(0)), names.at(0));
+        for (const QString &name : {names.at(0), names.at(1), path("x/copy")})
+            QCOMPARE(SFileHelper::deleteOnExit(name), name);
         for (const QString &name : {path("x/never"), QString()})
             QCOMPARE(SFileHelper::deleteFolderOnExit(name), name);
         for (const QString &name : {path("x/copy"), QString()})

@@ -1,6 +1,5 @@
 #include "common.h"
 
-#include <barrier>
 #include <numeric>
 #include <optional>
 
@@ -18,16 +17,6 @@ struct Log : QByteArrayList
     }
     [[nodiscard]] QByteArray take() { return std::exchange(*this, Log()).join(' '); }
 };
-
-template <typename... Functions>
-void together(Functions... functions)
-{
-    std::barrier start(sizeof...(functions));
-    const std::jthread threads[] = {std::jthread([&start, functions] {
-        start.arrive_and_wait();
-        functions();
-    })...};
-}
 
 } // namespace
 
