@@ -70,7 +70,7 @@ private:
             return (stream >> number).status() == 0 && stream.version() == QDataStream::Qt_5_6;
         });
         {
-            Cache cache = open<Cache>();
+            auto cache = open<Cache>();
             QVERIFY(cache.isEmpty() && !cache.isNull() && cache.name() == string("cache"));
             QVERIFY(cache.insert(Key, QByteArray("a longer one")) && cache.insert(Key, "v"));
             QVERIFY(cache.insert(device, &buffer) && cache.insert(object, &writer));
@@ -84,7 +84,7 @@ private:
             index.left(24).toHex(), QByteArray("c0e6a09cc943403994b5ccaee60e32e80000000000000003"));
 
         // The index reads back empty, and everything is still there.
-        Cache cache = open<Cache>();
+        auto cache = open<Cache>();
         QVERIFY(!cache.contains(Key) && cache.insert(Key, "w") && files().size() == 4);
         QVERIFY(cache.value(device, &copy) && copy.data() == large && !copy.isOpen());
         QVERIFY(cache.value(object, &reader) && number == 2 && cache.value(device) == large);
