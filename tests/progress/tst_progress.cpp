@@ -224,7 +224,7 @@ private Q_SLOTS:
             const SLocker locker(&lockable);
             const SLocker none(nullptr);
             const SChronograph chronograph(&elapsed);
-            const SChronograph copy(chronograph);
+            const SChronograph unwatched;
             QVERIFY(lockable.count == 1 && elapsed == 0);
             elapsed = -2;
         }
