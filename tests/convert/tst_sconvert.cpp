@@ -57,16 +57,13 @@ std::vector<T> samples()
 template <typename T>
 bool qtReads(T value, const QLocale &locale)
 {
-    bool ok = false;
     if constexpr (std::is_floating_point_v<T>) {
-        const auto number = double(value);
-        return locale.toDouble(locale.toString(number, 'g', QLocale::FloatingPointShortest), &ok)
-            == number
-            && ok;
+        const QString text = locale.toString(double(value), 'g', QLocale::FloatingPointShortest);
+        return locale.toDouble(text) == double(value);
     } else if constexpr (std::is_signed_v<T>) {
-        return locale.toLongLong(locale.toString(qlonglong(value)), &ok) == value && ok;
+        return locale.toLongLong(locale.toString(qlonglong(value))) == value;
     } else {
-        return locale.toULongLong(locale.toString(qulonglong(value)), &ok) == value && ok;
+        return locale.toULongLong(locale.toString(qulonglong(value))) == value;
     }
 }
 
