@@ -112,7 +112,6 @@ private Q_SLOTS:
         QVERIFY(!ended.exists());
         QVERIFY(QDir::setCurrent(path("x/kept"))); // What an empty path is not to stand for.
         QVERIFY(SDir(string(".")).link(path("x/link")) && !SDir({}).link(path("x/none")));
-        QVERIFY(QFile::exists(path("x/link/.hidden")));
         const QStringList names{path("x/gone"), path("x/late"), path("x/link/"), path("x/gone")};
         QCOMPARE(SFileHelper::deleteOnExit(names), names);
         for (const QString &name : {names.at(0), names.at(1), path("x/copy")})
@@ -122,6 +121,7 @@ private Q_SLOTS:
         for (const QString &name : {path("x/copy"), QString()})
             QCOMPARE(SFileHelper::deleteFileOnExit(name), name);
 #ifdef Q_OS_UNIX
+        QVERIFY(QFile::exists(path("x/link/.hidden")));
         for (const bool deletesNow : {false, true}) {
             QVERIFY(SDir(deep).link(path("x/child")));
             if (fork() == 0) {
