@@ -1,35 +1,11 @@
-#include <tavex/BinaryUnit>
-#include <tavex/Bool>
-#include <tavex/ConcurrenceMode>
-#include <tavex/OperatingSystemType>
-#include <tavex/S3rdParty>
-#include <tavex/SLocale>
-#include <tavex/TavexApplication>
-
-#include <QDate>
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-#include <QResource>
-#include <QScopeGuard>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
-#include <QXmlStreamReader>
-
-using namespace Quorvex;
+#include "common.h"
 
 namespace {
 
 const QLocale German(QLocale::German, QLocale::Germany);
 
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 const QStringList Languages =
-    text("bg cs de en es fr it nl pl pt ru sv tlh tr zh").split(QLatin1Char(' '));
+    string("bg cs de en es fr it nl pl pt ru sv tlh tr zh").split(QLatin1Char(' '));
 
 /// What the program does when startsAgain() starts it: it adds its arguments and its folder to the
 /// file that the second argument names and, the first time, starts itself once more.
@@ -63,11 +39,11 @@ private Q_SLOTS:
     // The earlier folder wins, down to the compiled-in catalogue.
     void searchOrder()
     {
-        const QString tavex = text("tavex");
+        const QString tavex = string("tavex");
         const QString program = TavexApplication::applicationFolder();
-        const QString beside = program + text("/tavex_de.qm");
-        const QString below = program + text("/translations/tavex_de.qm");
-        QVERIFY(QDir().mkpath(program + text("/translations")));
+        const QString beside = program + string("/tavex_de.qm");
+        const QString below = program + string("/translations/tavex_de.qm");
+        QVERIFY(QDir().mkpath(program + string("/translations")));
         const auto cleanUp = qScopeGuard([&] {
             for (const QString &file : {beside, below}) {
                 QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner);
@@ -75,26 +51,26 @@ private Q_SLOTS:
             }
         });
         QTranslator translator;
-        for (const QString &file : {text(":/translations/tavex_de.qm"), below, beside}) {
-            QVERIFY(QFile::exists(file) || QFile::copy(text(":/translations/tavex_sv.qm"), file));
+        for (const QString &file : {string(":/translations/tavex_de.qm"), below, beside}) {
+            QVERIFY(QFile::exists(file) || QFile::copy(string(":/translations/tavex_sv.qm"), file));
             QVERIFY(TavexApplication::qtTranslationLoad(&translator, tavex, German));
             QCOMPARE(translator.filePath(), file);
         }
         QVERIFY(!TavexApplication::translationLoad(&translator, QString(), German));
-        QVERIFY(!TavexApplication::translationLoad(&translator, text("missing"), German));
+        QVERIFY(!TavexApplication::translationLoad(&translator, string("missing"), German));
         QVERIFY(!TavexApplication::translationLoad(nullptr, tavex, German));
         QVERIFY(!TavexApplication::qtTranslationLoad(nullptr, tavex, German));
     }
 
     void initLoadsWhatIsRegistered()
     {
-        TavexApplication::translationRegister(text("tavex"));
-        TavexApplication::translationRegister(text("missing"));
+        TavexApplication::translationRegister(string("tavex"));
+        TavexApplication::translationRegister(string("missing"));
         TavexApplication::init(German);
         QCOMPARE(QLocale(), German);
         const auto added = TavexApplication::translations();
         QCOMPARE(added.size(), 3); // Qt's own, then the registered ones, loaded or not.
-        QCOMPARE(added.at(1)->filePath(), text(":/translations/tavex_de.qm"));
+        QCOMPARE(added.at(1)->filePath(), string(":/translations/tavex_de.qm"));
         QVERIFY(added.at(2)->isEmpty());
 
         TavexApplication::init(QLocale(QLocale::Polish));
@@ -113,7 +89,7 @@ private Q_SLOTS:
         for (const QString &language : Languages) {
             QTranslator catalogue;
             const auto load = [&](const QString &name) {
-                return catalogue.load(text(":/translations/%1_%2.qm").arg(name, language));
+                return catalogue.load(string(":/translations/%1_%2.qm").arg(name, language));
             };
             for (const SEnumTranslatorBase *enumeration : translators) {
                 const QString name = enumeration->name();
@@ -124,49 +100,49 @@ private Q_SLOTS:
                     QVERIFY2(!catalogue.translate(qPrintable(name), qPrintable(key)).isEmpty(),
                         qPrintable(language + key));
             }
-            QVERIFY(load(text("tavex")));
+            QVERIFY(load(string("tavex")));
             QVERIFY(!catalogue.translate("QObject", "Copyright").isEmpty());
             expected.insert(SLocale(language).locale().language());
         }
         QCOMPARE(count, 4 * 15 - 1);
-        QVERIFY(!QFile::exists(text(":/translations/BinaryUnit_tlh.qm")));
+        QVERIFY(!QFile::exists(string(":/translations/BinaryUnit_tlh.qm")));
 
-        const auto found = TavexApplication::translationList(text("tavex"));
+        const auto found = TavexApplication::translationList(string("tavex"));
         QCOMPARE(found.size(), 15);
         QCOMPARE(QSet<QLocale::Language>(found.begin(), found.end()), expected);
-        QVERIFY(TavexApplication::translationList(text("missing")).isEmpty());
+        QVERIFY(TavexApplication::translationList(string("missing")).isEmpty());
     }
 
     void identityAndDataFolders()
     {
         const QTemporaryDir base;
-        const QString folder = base.path() + text("/Dravelle/App");
+        const QString folder = base.path() + string("/Dravelle/App");
         TavexApplication::infoRegister(
-            text("App"), text("Dravelle"), text("1"), text("b"), text("c"));
+            string("App"), string("Dravelle"), string("1"), string("b"), string("c"));
         QCOMPARE(TavexApplication::createApplicationSubfolders(base.path() + u'/'), folder);
         QVERIFY(QFileInfo(folder).isDir());
-        QCOMPARE(TavexApplication::createApplicationSubfolders(text("/proc/no")),
-            text("/proc/no/Dravelle/App"));
-        QVERIFY(TavexApplication::userApplicationDataFolder().endsWith(text("/Dravelle/App")));
+        QCOMPARE(TavexApplication::createApplicationSubfolders(string("/proc/no")),
+            string("/proc/no/Dravelle/App"));
+        QVERIFY(TavexApplication::userApplicationDataFolder().endsWith(string("/Dravelle/App")));
         QCOMPARE(TavexApplication::applicationBuild() + TavexApplication::applicationCommit(),
-            text("bc"));
+            string("bc"));
 
         const QString year = QString::number(QDate::currentDate().year());
         TavexApplication::infoRegister({}, {}, {}, {}, {});
-        QCOMPARE(TavexApplication::copyrightString(), text("Copyright %1.").arg(year));
-        QCoreApplication::setOrganizationName(text("Dravelle Inc."));
+        QCOMPARE(TavexApplication::copyrightString(), string("Copyright %1.").arg(year));
+        QCoreApplication::setOrganizationName(string("Dravelle Inc."));
         QCOMPARE(TavexApplication::copyrightString(2030),
-            text("Copyright 2030-%1 Dravelle Inc.").arg(year));
+            string("Copyright 2030-%1 Dravelle Inc.").arg(year));
     }
 
     void flags()
     {
         for (const auto &[locale, file] :
             {std::pair("de_AT", "at"), {"fil_PH", "ph"}, {"tlh", "tlh"}, {"C", ""}})
-            QCOMPARE(TavexApplication::flagIconName(SLocale(text(locale))),
-                text(":/flags/svg/%1.svg").arg(text(file)));
+            QCOMPARE(TavexApplication::flagIconName(SLocale(string(locale))),
+                string(":/flags/svg/%1.svg").arg(string(file)));
 
-        const QDir folder(text(":/flags/svg"));
+        const QDir folder(string(":/flags/svg"));
         const QStringList files = folder.entryList(QDir::Files);
         QCOMPARE(files.size(), 256);
         for (const QString &name : files) {
@@ -179,53 +155,54 @@ private Q_SLOTS:
             QVERIFY2(!xml.hasError(), qPrintable(name));
         }
         for (const char *code : {"de", "eu", "un", "gb-eng", "gb-nir", "gb-sct", "gb-wls", "tlh"})
-            QVERIFY2(files.contains(text(code) + text(".svg")), code);
+            QVERIFY2(files.contains(string(code) + string(".svg")), code);
     }
 
     void licences()
     {
-        QFile qt(S3rdParty::licensePath(text("Qt")));
+        QFile qt(S3rdParty::licensePath(string("Qt")));
         QVERIFY(qt.open(QIODevice::ReadOnly));
         const QByteArray licence = qt.readAll();
         QVERIFY(licence.contains("GNU LESSER GENERAL PUBLIC LICENSE\r\n"));
         QCOMPARE(licence.count('\n'), licence.count("\r\n"));
-        QCOMPARE(QFileInfo(text(":/HALF_LICENSE")).size(), 1100);
-        QCOMPARE(QResource(text(":/QT_LICENSE")).compressionAlgorithm(), QResource::NoCompression);
+        QCOMPARE(QFileInfo(string(":/HALF_LICENSE")).size(), 1100);
+        QCOMPARE(
+            QResource(string(":/QT_LICENSE")).compressionAlgorithm(), QResource::NoCompression);
 
-        QCOMPARE(S3rdParty::modules(), QStringList{text("Qt")});
-        QVERIFY(S3rdParty::version(text("Qt")).isValid());
-        QVERIFY(S3rdParty::version(text("y")).isNull() && !S3rdParty::isRegistered(text("y")));
-        const QString hostile = text("\"><script>%1</script>&");
+        QCOMPARE(S3rdParty::modules(), QStringList{string("Qt")});
+        QVERIFY(S3rdParty::version(string("Qt")).isValid());
+        QVERIFY(S3rdParty::version(string("y")).isNull() && !S3rdParty::isRegistered(string("y")));
+        const QString hostile = string("\"><script>%1</script>&");
         const auto add = [](const QString &name, const QString &licencePath, const QString &site) {
             S3rdParty::registerModule(name, licencePath, site, SVersion(1, 2, 3));
         };
-        add(text("lost"), {}, text("old"));
-        add(text("lost"), text(":/none"), hostile);
+        add(string("lost"), {}, string("old"));
+        add(string("lost"), string(":/none"), hostile);
         add({}, {}, {});
-        add(hostile, text(":/HALF_LICENSE"), text("javascript:alert(1)"));
+        add(hostile, string(":/HALF_LICENSE"), string("javascript:alert(1)"));
         QCOMPARE(S3rdParty::modules().size(), 3);
-        QCOMPARE(S3rdParty::site(text("lost")), hostile);
+        QCOMPARE(S3rdParty::site(string("lost")), hostile);
 
         const QString page = S3rdParty::legalInformation();
         for (const char *part :
             {"GNU LESSER GENERAL PUBLIC LICENSE", "&quot;&gt;&lt;script&gt;%1&lt;/script&gt;&amp;",
                 "<a href=\"https://www.qt.io\">"})
-            QVERIFY2(page.contains(text(part)), part);
+            QVERIFY2(page.contains(string(part)), part);
         for (const char *part : {"<script", "href=\"javascript"})
-            QVERIFY2(!page.contains(text(part)), part);
-        QCOMPARE(page.count(text("not available")), 1);
-        QCOMPARE(page.count(text("<section")), 2);
+            QVERIFY2(!page.contains(string(part)), part);
+        QCOMPARE(page.count(string("not available")), 1);
+        QCOMPARE(page.count(string("<section")), 2);
     }
 
     void startsAgain()
     {
         for (const auto &[option, exitCode] : {std::pair("--restart", 0), {"--reboot", 7}}) {
             const QTemporaryDir folder;
-            QFile log(folder.filePath(text("log")));
+            QFile log(folder.filePath(string("log")));
             QProcess process;
             process.setWorkingDirectory(folder.path());
             process.start(QCoreApplication::applicationFilePath(),
-                {text(option), log.fileName(), text("a b"), QString(), text("\"c\"")});
+                {string(option), log.fileName(), string("a b"), QString(), string("\"c\"")});
             QVERIFY(process.waitForFinished());
             QCOMPARE(process.exitCode(), exitCode);
             QVERIFY(log.open(QIODevice::ReadOnly));

@@ -1,13 +1,5 @@
-#include <tavex/SEnvironment>
-#include <tavex/SSysInfo>
+#include "common.h"
 
-#include <QDir>
-#include <QRegularExpression>
-#include <QTemporaryDir>
-#include <QTest>
-
-using Quorvex::SEnvironment;
-using Quorvex::SSysInfo;
 using F = Quorvex::SpecialFolder;
 
 /// Unsets the variables that folders depend on, then sets those that are named.
@@ -60,10 +52,9 @@ private Q_SLOTS:
     {
         const QTemporaryDir home;
         const QTemporaryDir runtime; // Qt makes one if there is none.
-        setEnvironment(
-            {QStringLiteral("HOME=") + home.path(), QStringLiteral("XDG_DATA_DIRS=") + home.path(),
-                QStringLiteral("XDG_RUNTIME_DIR=") + runtime.path()});
-        const QString profiles = home.filePath(QStringLiteral("color/icc"));
+        setEnvironment({string("HOME=") + home.path(), string("XDG_DATA_DIRS=") + home.path(),
+            string("XDG_RUNTIME_DIR=") + runtime.path()});
+        const QString profiles = home.filePath(string("color/icc"));
         QVERIFY(QDir().mkpath(profiles));
         for (const bool writable : {false, true}) {
             for (int value = -1; value <= 103; ++value) {
@@ -73,7 +64,7 @@ private Q_SLOTS:
             QCOMPARE(SEnvironment::colorFolder(writable), profiles);
         }
         const auto made = QDir(home.path()).entryList(QDir::Hidden | QDir::AllEntries);
-        QCOMPARE(made.join(u' '), QStringLiteral(". .. color"));
+        QCOMPARE(made.join(u' '), string(". .. color"));
     }
 
     void windowsFolders()
@@ -85,17 +76,26 @@ private Q_SLOTS:
         QCOMPARE(SEnvironment::commonApplicationDataFolderLegacy(), variable("ProgramData"));
         QCOMPARE(SEnvironment::localApplicationDataFolderLegacy(), variable("LOCALAPPDATA"));
         QCOMPARE(SEnvironment::colorFolder(true).toLower(),
-            variable("windir").toLower() + QStringLiteral("/system32/spool/drivers/color"));
+            variable("windir").toLower() + string("/system32/spool/drivers/color"));
         for (const QString &writable :
             {SEnvironment::commonDataFolder(true), SEnvironment::tempFolder(true)})
             QVERIFY2(QFileInfo(writable).isWritable(), qPrintable(writable));
     }
 
-    void ownAndUnknownFolders()
+    void ownAndUnknown()
     {
+        qputenv("USERNAME", string("Zoë").toLocal8Bit());
+        QCOMPARE(SEnvironment::userName(), string("Zoë"));
+        const QString full = SEnvironment::fullUserName();
+        QVERIFY(!full.isEmpty() && (SSysInfo::isWindows() || !full.contains(u',')));
+        QCOMPARE(SEnvironment::qtRuntimeVersionString(), string(qVersion()));
+        QCOMPARE(SEnvironment::qtCompiledVersionString(), string(QT_VERSION_STR));
+        QCOMPARE(SEnvironment::rawWindowsNewLine(),
+            SEnvironment::rawMacNewLine() + SEnvironment::rawUnixNewLine());
+
         QVERIFY(SEnvironment::rootFolder(true).isEmpty());
         const auto name = &SEnvironment::getFolderDisplayName;
-        QCOMPARE(name(F::RootLocation), QStringLiteral("Root"));
+        QCOMPARE(name(F::RootLocation), string("Root"));
         QCOMPARE(name(F::CommonDataLocation), name(F::GenericDataLocation));
         QVERIFY(!name(F::GenericDataLocation).isEmpty() && name(F::ColorFolder).isEmpty());
         for (const int unknown : {-1, 31, 32, 99, 103, 2147483647, -2147483647}) {
@@ -105,29 +105,19 @@ private Q_SLOTS:
         }
     }
 
-    void userAndQt()
-    {
-        qputenv("USERNAME", QStringLiteral("Zoë").toLocal8Bit());
-        QCOMPARE(SEnvironment::userName(), QStringLiteral("Zoë"));
-        const QString full = SEnvironment::fullUserName();
-        QVERIFY(!full.isEmpty() && (SSysInfo::isWindows() || !full.contains(u',')));
-        QCOMPARE(SEnvironment::qtRuntimeVersionString(), QLatin1String(qVersion()));
-    }
-
     void temporaryNames()
     {
-        const QRegularExpression name(
-            QStringLiteral("^(.*)/[0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12}$"));
+        const QRegularExpression name(string("^(.*)/[0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12}$"));
         const auto folderOf = [&](const QString &path) { return name.match(path).captured(1); };
         const auto fileName = &SEnvironment::tempUniqueFileName;
-        const QString fixed = QStringLiteral("C:/x %1");
+        const QString fixed = string("C:/x %1");
         QCOMPARE(folderOf(fileName(fixed)), fixed);
         QVERIFY(fileName(fixed) != fileName(fixed));
-        for (const QString &blank : {QString(), QStringLiteral(" \t")})
+        for (const QString &blank : {QString(), string(" \t")})
             QCOMPARE(folderOf(fileName(blank)), SEnvironment::tempFolder(true));
 
         const QTemporaryDir parent;
-        const QString deep = parent.filePath(QStringLiteral("Größe/子"));
+        const QString deep = parent.filePath(string("Größe/子"));
         const QString made = SEnvironment::tempUniqueFolder(deep);
         QVERIFY(folderOf(made) == deep && QDir(made).exists());
         // Below a file no folder can be made.

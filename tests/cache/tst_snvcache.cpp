@@ -1,21 +1,12 @@
-#include <tavex/ISerializable>
-#include <tavex/SNvCache>
-#include <tavex/SSafeNvCache>
+#include "common.h"
 
-#include <QBuffer>
-#include <QDataStream>
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
-
+#include <csignal>
 #include <functional>
-#include <thread>
 #include <utility>
-#include <vector>
 
-using Quorvex::SNvCache;
-using Quorvex::SSafeNvCache;
+#ifdef Q_OS_UNIX
+#include <sys/resource.h>
+#endif
 
 namespace {
 
@@ -44,11 +35,12 @@ class TestSNvCache : public QObject
 
 private:
     QTemporaryDir m_folder;
-    QString m_path = m_folder.filePath(QStringLiteral("cache"));
+    QString m_path = m_folder.filePath(string("cache"));
 
-    [[nodiscard]] SNvCache open() const
+    template <typename Cache = SNvCache>
+    [[nodiscard]] Cache open() const
     {
-        return SNvCache(QStringLiteral("cache"), m_folder.path());
+        return Cache(string("cache"), m_folder.path());
     }
     void put(const char *name, const QByteArray &data) const
     {
@@ -62,48 +54,59 @@ private:
     }
     [[nodiscard]] QStringList files() const { return QDir(m_path).entryList(QDir::Files); }
 
-private Q_SLOTS:
-    void init() { QVERIFY(QDir(m_path).removeRecursively() && QDir().mkpath(m_path)); }
-
-    void forms()
+    template <typename Cache>
+    void useForms()
     {
-        const QString device = QStringLiteral("device");
-        const QString object = QStringLiteral("object");
+        const QString device = string("device");
+        const QString object = string("object");
         QByteArray large(100001, 'x');
         QBuffer buffer(&large);
         QBuffer copy;
         float number = 0;
-        Value writer([](QDataStream &stream) { return (stream << 2.0F).status() == 0; });
-        Value reader([&](QDataStream &stream) { return (stream >> number).status() == 0; });
+        Value writer([](QDataStream &stream) {
+            return (stream << 2.0F).status() == 0 && stream.version() == QDataStream::Qt_5_6;
+        });
+        Value reader([&](QDataStream &stream) {
+            return (stream >> number).status() == 0 && stream.version() == QDataStream::Qt_5_6;
+        });
         {
-            SNvCache cache = open();
+            auto cache = open<Cache>();
+            QVERIFY(cache.isEmpty() && !cache.isNull() && cache.name() == string("cache"));
             QVERIFY(cache.insert(Key, QByteArray("a longer one")) && cache.insert(Key, "v"));
             QVERIFY(cache.insert(device, &buffer) && cache.insert(object, &writer));
+            QVERIFY(!buffer.isOpen());
             QCOMPARE(cache.count(), 3);
         }
         QCOMPARE(content(KeyFile), QByteArray("v"));
-        const QByteArray index = content(QStringLiteral("index"));
+        const QByteArray index = content(string("index"));
         QCOMPARE(index.size(), 24 + 3 * (4 + 4 + 32) + 2 * (3 + 6 + 6));
         QCOMPARE(
             index.left(24).toHex(), QByteArray("c0e6a09cc943403994b5ccaee60e32e80000000000000003"));
 
         // The index reads back empty, and everything is still there.
-        SNvCache cache = open();
+        auto cache = open<Cache>();
         QVERIFY(!cache.contains(Key) && cache.insert(Key, "w") && files().size() == 4);
         QVERIFY(cache.value(device, &copy) && copy.data() == large && !copy.isOpen());
         QVERIFY(cache.value(object, &reader) && number == 2 && cache.value(device) == large);
         QCOMPARE(cache.value(object).toHex(),
             QByteArray("4000000000000000")); // As that version of streams does.
+        QVERIFY(!cache.isEmpty() && cache.contains(Key) && cache.folder() == m_folder.path());
         cache.clear();
         QVERIFY(cache.isEmpty() && cache.value(Key).isNull() && !cache.value(Key, &copy));
         QVERIFY(cache.remove(Key) && cache.remove(device) && files().size() == 2);
-        QCOMPARE(SNvCache({}, m_folder.path()).name().remove(u'-').size(), 32);
+        QCOMPARE(Cache({}, m_folder.path()).name().remove(u'-').size(), 32);
     }
+
+private Q_SLOTS:
+    void init() { QVERIFY(QDir(m_path).removeRecursively() && QDir().mkpath(m_path)); }
+
+    void forms() { useForms<SNvCache>(); }
+    void lockedForms() { useForms<SSafeNvCache>(); }
 
     void failures()
     {
         SNvCache cache = open();
-        QFile missing(m_path + QStringLiteral("/missing"));
+        QFile missing(m_path + string("/missing"));
         Value refuses([](QDataStream &stream) { return (stream << 1).status() != 0; });
         const auto check = [&](auto *source) {
             QVERIFY(cache.insert(Key, "v") && !cache.insert(Key, source) && cache.contains(Key));
@@ -111,28 +114,101 @@ private Q_SLOTS:
         };
         check(&missing);
         check(&refuses);
+        const auto nothing = [&](auto *null) {
+            QVERIFY(!cache.insert(Key, null) && !cache.value(Key, null));
+        };
+        nothing(static_cast<QIODevice *>(nullptr));
+        nothing(static_cast<Quorvex::Interfaces::ISerializable *>(nullptr));
+        // What is in the way of the file cannot be removed, but is no value any more.
+        const QString path = m_path + u'/' + KeyFile;
+        QVERIFY(
+            cache.insert(Key, "v") && QFile::remove(path) && QDir().mkpath(path + string("/x")));
+        QVERIFY(!cache.remove(Key) && cache.contains(Key));
+        cache.clear();
+        QVERIFY(cache.isEmpty());
+
+        Value accepts([](QDataStream &) { return true; });
+        QVERIFY(!cache.value(string("none"), &accepts));
+
         put("file", {});
-        SNvCache none(QStringLiteral("file"), m_path); // There is no directory.
+        QVERIFY(SSafeNvCache(string("file"), m_path).isNull());
+        SNvCache none(string("file"), m_path); // There was no directory when it was made.
+        QVERIFY(QFile::remove(m_path + string("/file")) && QDir().mkpath(m_path + string("/file")));
+        put(QByteArray("file/" + KeyFile.toLatin1()), "v");
         QVERIFY(none.isNull() && !none.insert(Key, "v") && !none.remove(Key));
-        QVERIFY(none.value(Key).isNull() && !none.value(Key, &refuses));
+        QVERIFY(none.value(Key).isNull() && !none.value(Key, &accepts));
+        QVERIFY(!none.value(Key, &missing) && !missing.exists() && none.folder() == m_path);
     }
+
+#ifdef Q_OS_UNIX
+    // A limit on the size of files stands for a full disk, one on their number for none to write
+    // to.
+    void nothingFits()
+    {
+        SNvCache cache = open();
+        QByteArray large(100'000, 'x');
+        QBuffer buffer(&large);
+        Value careless([](QDataStream &stream) {
+            for (int i = 0; i < 1000; ++i)
+                stream.device()->write(QByteArray(100, 'x'));
+            return true;
+        });
+        // The system takes a part of it.
+        Value rash([&](QDataStream &stream) { return stream.device()->write(large) != 0; });
+        const auto row = [&](auto resource, rlim_t limit, const auto &source, bool stays) {
+            QVERIFY(cache.insert(Key, "v"));
+            rlimit old{};
+            getrlimit(resource, &old);
+            const rlimit low{limit, old.rlim_max};
+            setrlimit(resource, &low);
+            const bool isInserted = cache.insert(Key, source);
+            setrlimit(resource, &old);
+            QVERIFY(!isInserted && !buffer.isOpen());
+            QCOMPARE(cache.value(Key), QByteArray(stays ? "v" : ""));
+            QCOMPARE(files().size(), stays ? 1 : 0);
+        };
+        std::signal(SIGXFSZ, SIG_IGN);
+        for (const rlim_t size : {0U, 1U, 50'000U, 99'999U}) {
+            row(RLIMIT_FSIZE, size, large, false);
+            row(RLIMIT_FSIZE, size, &buffer, false);
+            row(RLIMIT_FSIZE, size, &careless, false);
+            row(RLIMIT_FSIZE, size, &rash, false);
+        }
+        row(RLIMIT_NOFILE, 0, large, false);
+        row(RLIMIT_NOFILE, 0, &buffer, false);
+        row(RLIMIT_NOFILE, 0, &careless, true);
+    }
+#endif
 
     void halfWritten()
     {
-        for (const char *name : {"new-0", "new-99", "new-"})
+        for (const char *name : {"new-0", "new-63", "new-64", "new-"})
             put(name, "old");
         put(KeyFile.toLatin1(), "old");
         SNvCache cache = open();
-        QVERIFY(files().size() == 3 && content(QStringLiteral("new-0")) == "no file");
+        QCOMPARE(files(), QStringList({KeyFile, string("new-"), string("new-64")}));
 
         // While it is written, the old value is there, and no other cache takes it for a leftover.
         Value nested([&](QDataStream &stream) {
             stream << 1;
-            return open().value(Key) == "old" && cache.insert(QStringLiteral("b"), "in between")
+            return open().value(Key) == "old" && cache.insert(string("b"), "in between")
                 && cache.value(Key) == "old" && (stream << 2).status() == 0;
         });
         QVERIFY(cache.insert(Key, &nested) && cache.count() == 2);
         QCOMPARE(cache.value(Key).toHex(), QByteArray("0000000100000002"));
+
+        QVERIFY(QFile::remove(m_path + string("/new-64")));
+        int depth = 0;
+        const std::function<bool(QDataStream &)> dig = [&](QDataStream &stream) {
+            Value deeper(dig);
+            const int level = ++depth;
+            return (stream << 1).status() == 0
+                && cache.insert(QString::number(level), &deeper) == (level < 64);
+        };
+        Value deepest(dig);
+        QVERIFY(cache.insert(Key, &deepest));
+        QCOMPARE(depth, 64);
+        QCOMPARE(cache.count(), 2 + 63);
     }
 
     void foreignIndex()
@@ -153,14 +229,14 @@ private Q_SLOTS:
                 (void)cache.value(key);
             return cache.count();
         };
-        const QString tooLong = QStringLiteral("b");
+        const QString tooLong = string("b");
         put("2e2e", "v");
         put("index",
             index(4, {{Key, "old"}, {tooLong, QByteArray(200, '/')}, {{}, {}}, {Key, ".."}}));
         {
             SNvCache cache = open();
             QVERIFY(cache.count() == 2 && cache.value(Key) == "v" && cache.insert(Key, "w"));
-            QVERIFY(!cache.insert(tooLong, "v") && content(QStringLiteral("2e2e")) == "w");
+            QVERIFY(!cache.insert(tooLong, "v") && content(string("2e2e")) == "w");
         }
         const QByteArray whole = index(2, {{Key, "1"}, {tooLong, "2"}});
         for (qsizetype i = 0; i < whole.size(); ++i)
@@ -175,23 +251,19 @@ private Q_SLOTS:
 
     void threads()
     {
-        SSafeNvCache cache(QStringLiteral("cache"), m_folder.path());
-        std::vector<std::jthread> threads;
-        threads.reserve(8);
-        for (int i = 0; i < 8; ++i) {
-            threads.emplace_back([&cache, i] {
-                for (int n = 0; n < 50; ++n) {
-                    const QString key = QString::number(100 * i + n);
-                    Value value([&](QDataStream &stream) {
-                        return !cache.contains(key) && (stream << n).status() == 0;
-                    });
-                    if (cache.insert(key, &value) && cache.value(key).size() == 4 && n % 2)
-                        cache.remove(key);
-                }
-            });
-        }
-        threads.clear();
-        QCOMPARE(cache.keys().size(), 8 * 25);
+        SSafeNvCache cache(string("cache"), m_folder.path());
+        const auto use = [&](int begin) {
+            for (int n = begin; n < begin + 100; ++n) {
+                const QString key = QString::number(n);
+                Value value([&](QDataStream &stream) {
+                    return !cache.contains(key) && (stream << n).status() == 0;
+                });
+                if (cache.insert(key, &value) && cache.value(key).size() == 4 && n % 2)
+                    cache.remove(key);
+            }
+        };
+        together([&] { use(0); }, [&] { use(100); }, [&] { use(200); }, [&] { use(300); });
+        QCOMPARE(cache.keys().size(), 4 * 50);
     }
 };
 

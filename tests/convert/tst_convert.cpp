@@ -1,33 +1,4 @@
-#include <tavex/SLocale>
-#include <tavex/SUnitConvert>
-#include <tavex/SVariantConvert>
-
-#include <QTest>
-
-#include <array>
-#include <limits>
-#include <thread>
-
-using namespace Quorvex;
-
-namespace {
-
-template <typename T>
-constexpr T Max = (std::numeric_limits<T>::max)();
-template <typename T>
-constexpr T Min = (std::numeric_limits<T>::min)();
-
-QString first(const QVariant &, const QString &, const QLocale &)
-{
-    return {};
-}
-
-QString second(const QVariant &, const QString &format, const QLocale &)
-{
-    return format;
-}
-
-} // namespace
+#include "common.h"
 
 class TestConvert : public QObject
 {
@@ -40,46 +11,44 @@ private Q_SLOTS:
             {"de_DE", "de_DE", "de"}, {"fil_PH", "fil_PH", "fil"}, {"C", "C", "C"},
             {"tlh", "tlh", "tlh"}, {"TLH", "tlh", "tlh"}, {"no such locale", "C", "C"}};
         for (const auto &[name, full, language] : rows) {
-            const SLocale locale(QString::fromLatin1(name));
+            const SLocale locale(string(name));
             QCOMPARE(locale.name(), QLatin1String(full));
             QCOMPARE(locale.name(true), QLatin1String(language));
             QCOMPARE(SLocale::lcName(locale, true), QLatin1String(full));
-            QCOMPARE(SLocale::lcName(locale), QString::fromLatin1(full).replace(u'_', u'-'));
+            QCOMPARE(SLocale::lcName(locale), string(full).replace(u'_', u'-'));
             QCOMPARE(SLocale::isKlingon(locale), full == QByteArray("tlh"));
         }
         const QLocale german(QLocale::German);
-        QCOMPARE(
-            SLocale(QStringLiteral("tlh")).nativeLanguageName(), QStringLiteral("tlhIngan Hol"));
-        QCOMPARE(SLocale(german).nativeLanguageName(), QStringLiteral("Deutsch"));
+        QCOMPARE(SLocale(string("tlh")).nativeLanguageName(), string("tlhIngan Hol"));
+        QCOMPARE(SLocale(german).nativeLanguageName(), string("Deutsch"));
 
         const SLocale ungrouped(german, QLocale::OmitGroupSeparator);
         for (const SLocale &locale : {ungrouped, SLocale(ungrouped)})
-            QCOMPARE(locale.locale().toString(12345), QStringLiteral("12345"));
-        QCOMPARE(SLocale(german).locale().toString(12345), QStringLiteral("12.345"));
+            QCOMPARE(locale.locale().toString(12345), string("12345"));
+        QCOMPARE(SLocale(german).locale().toString(12345), string("12.345"));
     }
 
     void converters()
     {
-        QVERIFY(!SVariantConvert::isSVariantToStringRegistered(QMetaType::Int));
-        QVERIFY(!SVariantConvert::sVariantToStringFunction(QMetaType::Int));
-        SVariantConvert::sVariantToStringRegister(QMetaType::Int, &first);
-        SVariantConvert::sVariantToStringRegister(QMetaType::Int, &second);
-        SVariantConvert::sVariantToStringRegister(QMetaType::Int, nullptr);
-        QVERIFY(SVariantConvert::sVariantToStringFunction(QMetaType::Int) == &second);
+        using C = SVariantConvert;
+        const C::Converter first = [](auto &, auto &, auto &) { return string("1"); };
+        const C::Converter second = [](auto &, auto &, auto &) { return string("2"); };
+        QVERIFY(!C::isSVariantToStringRegistered(QMetaType::Int));
+        QVERIFY(!C::sVariantToStringFunction(QMetaType::Int));
+        for (const C::Converter converter : {first, second, C::Converter()})
+            C::sVariantToStringRegister(QMetaType::Int, converter);
+        QVERIFY(C::sVariantToStringFunction(QMetaType::Int) == second);
+        QVERIFY(C::isSVariantToStringRegistered(QMetaType::Int));
         // For the thread sanitizer, and for a map that loses entries.
-        {
-            std::array<std::jthread, 4> threads;
-            for (std::size_t t = 0; t < threads.size(); ++t) {
-                threads[t] = std::jthread([t] {
-                    for (int i = int(t); i < 2000; i += 4) {
-                        SVariantConvert::sVariantToStringRegister(100000 + i, &first);
-                        (void)SVariantConvert::isSVariantToStringRegistered(101999 - i);
-                    }
-                });
+        const auto fill = [&](int begin) {
+            for (int i = begin; i < 2000; i += 2) {
+                C::sVariantToStringRegister(100000 + i, first);
+                (void)C::isSVariantToStringRegistered(101999 - i);
             }
-        }
+        };
+        together([&] { fill(0); }, [&] { fill(1); });
         for (int i = 0; i < 2000; ++i)
-            QVERIFY(SVariantConvert::sVariantToStringFunction(100000 + i) == &first);
+            QVERIFY(C::sVariantToStringFunction(100000 + i) == first);
     }
 
     void binaryUnits()
@@ -91,7 +60,7 @@ private Q_SLOTS:
         QCOMPARE(SUnitConvert::toKiB(1023U, U::Byte), 0U);
         QCOMPARE(SUnitConvert::toYiB(1.0F, U::Byte), 0x1p-80F);
         // A double could not hold this value; between equal units it stays exact.
-        QCOMPARE(SUnitConvert::toBytes(Max<qint64>, U::Byte), Max<qint64>);
+        QCOMPARE(SUnitConvert::toBytes(Max<qint64> - 1, U::Byte), Max<qint64> - 1);
 
         QCOMPARE(SUnitConvert::toBytes(1, U::YiB), Max<int>);
         QCOMPARE(SUnitConvert::toBytes(-1, U::YiB), Min<int>);
@@ -125,6 +94,9 @@ private Q_SLOTS:
     void prefixesAndLengths()
     {
         QCOMPARE(SUnitConvert::siPrefixes(1.0, SIPrefix::Kilo, SIPrefix::Milli), 1e6);
+        // A division by a power is exact where the product with its inverse is not.
+        QVERIFY(SUnitConvert::toDeca(3.0, SIPrefix::Base) == 0.3);
+        QVERIFY(SUnitConvert::toBaseUnit(0.3, SIPrefix::Deca) == 3.0);
         QCOMPARE(SUnitConvert::toKilo(-1999, SIPrefix::Base), -1);
         QCOMPARE(SUnitConvert::toYotta(1.0, SIPrefix::Yocto), 1.0 / std::pow(10.0, 48));
         QCOMPARE(SUnitConvert::toBaseUnit(Max<quint64>, SIPrefix::Deca), Max<quint64>);
@@ -137,7 +109,10 @@ private Q_SLOTS:
         QCOMPARE(SUnitConvert::toYards(Min<qint64>, U::Foot), 0);
         QCOMPARE(SUnitConvert::toInches(quint8(1), U::Mile), quint8(255));
         QCOMPARE(SUnitConvert::toMiles(short(-32768), U::Furlong), short(-4096));
-        QCOMPARE(SUnitConvert::scsLengthUnits(Min<int>, U::Inch, U(-1)), 0);
+        QCOMPARE(SUnitConvert::toMiles(Max<int>, U::Mile), Max<int>);
+        for (const int none : {-1, 0})
+            QCOMPARE(SUnitConvert::scsLengthUnits(Min<int>, U::Inch, U(none)), 0);
+        QCOMPARE(SUnitConvert::scsLengthUnits(2, U::Yard, U::Foot), 6);
 
         using S = SILengthUnit;
         QCOMPARE(SUnitConvert::toSCSLength(100.0, S::CentiMeter, U::Inch), 100 / 2.54);

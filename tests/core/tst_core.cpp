@@ -1,15 +1,4 @@
-#include <tavex/SClassName>
-#include <tavex/SConvert>
-#include <tavex/SMetaInt32>
-#include <tavex/SPointerList>
-#include <tavex/TavexInfo>
-
-#include <QTest>
-
-#include <limits>
-#include <memory>
-
-using namespace Quorvex;
+#include "common.h"
 
 namespace {
 
@@ -20,9 +9,6 @@ struct Counted
     ~Counted() { --alive; }
     static inline int alive = 0;
 };
-
-constexpr int Min = (std::numeric_limits<int>::min)();
-constexpr int Max = (std::numeric_limits<int>::max)();
 
 } // namespace
 
@@ -57,24 +43,30 @@ private Q_SLOTS:
 
     void namesOfClasses()
     {
-        QCOMPARE(SClassName::name(typeid(SMetaInt32)), QStringLiteral("SMetaInt32"));
-        QCOMPARE(SClassName::name(typeid(int)), QStringLiteral("int"));
+        QCOMPARE(SClassName::name(typeid(SMetaInt32)), string("SMetaInt32"));
+        QCOMPARE(SClassName::name(typeid(int)), string("int"));
         for (const auto &[name, words] :
             {std::pair("SMetaInt32", "Int 32"), {"SMetaJsonDocument", "Json Document"},
                 {"SMetaListUInt16", "List UInt 16"}, {"My_Own__Value", "My Own Value"},
                 {"a|b", "a |b"}, // The bar begins a word as a digit does.
                 {"Sample", "Sample"}, {"S", "S"}, {"", ""}})
-            QCOMPARE(SClassName::displayName(QString::fromLatin1(name)), QLatin1String(words));
+            QCOMPARE(SClassName::displayName(string(name)), QLatin1String(words));
     }
 
     void versionCarriesCrossComponents()
     {
         QVERIFY(TavexInfo::version() == 131084);
+        QVERIFY(TavexInfo::copyright().contains(TavexInfo::company()));
+        QVERIFY(TavexInfo::description() != TavexInfo::moduleName());
         SVersion version(1, 2, 255);
         QCOMPARE(version++, SVersion(1, 2, 255));
         QCOMPARE(version, SVersion(1, 3, 0));
         QCOMPARE(--version, SVersion(1, 2, 255));
         QCOMPARE(SVersion(1, 0, 0).addPatch(300), SVersion(1, 1, 44));
+        QCOMPARE(SVersion(1, 2, 3).addMajor(2).addMinor(-1), SVersion(3, 1, 3));
+        version = 5;
+        const int before = version--;
+        QVERIFY(before == 5 && version == 4 && 1 + version == 5 && 7 - version == 3);
         QCOMPARE(SVersion(1, 2, 200) + SVersion(0, 0, 100), SVersion(1, 3, 44));
         QCOMPARE(SVersion(1, 0, 0) - SVersion(0, 0, 1), SVersion(0, 255, 255));
         QCOMPARE(SVersion(1, 300, 0), SVersion(1, 44, 0));
@@ -82,28 +74,22 @@ private Q_SLOTS:
         QVERIFY(!SVersion::invalidVersion().isValid() && !SVersion::invalidVersion().isNull());
         QVERIFY(SVersion().isValid() && SVersion().isNull());
         // Wrapping is defined; the sanitizers watch.
-        QCOMPARE((++SVersion(Max)).value(), Min);
-        QCOMPARE((SVersion(Min) - SVersion(1)).value(), Max);
-        QCOMPARE(SVersion(0).addMajor(Min).value(), 0);
+        QCOMPARE((++SVersion(Max<int>)).value(), Min<int>);
+        QCOMPARE((SVersion(Min<int>) - SVersion(1)).value(), Max<int>);
+        QCOMPARE(SVersion(0).addMajor(Min<int>).value(), 0);
         QVERIFY(SVersion(-1, -1, -1) == -1);
     }
 
     // Each setter clears its own choice of high bits, and none masks its argument.
     void versionSetters()
     {
-        SVersion version = SVersion::invalidVersion();
-        version.setPatch(5);
-        QCOMPARE(version.value(), 0xFFFF05);
-        version = SVersion::invalidVersion();
-        version.setMinor(5);
-        QCOMPARE(version.value(), 0xFF05FF);
-        version = SVersion::invalidVersion();
-        version.setMajor(1);
-        QCOMPARE(version, SVersion(1, 255, 255));
-        version.setPatch(0x300);
-        QCOMPARE(version, SVersion(1, 255, 0));
-        version.setMajor(-1);
-        QVERIFY(!version.isValid());
+        for (const auto &[set, n, expected] : {std::tuple(&SVersion::setPatch, 5, 0xFFFF05),
+                 {&SVersion::setMinor, 5, 0xFF05FF}, {&SVersion::setMajor, 1, 0x1FFFF},
+                 {&SVersion::setPatch, 0x300, 0xFFFF00}, {&SVersion::setMajor, -1, -1}}) {
+            SVersion version = SVersion::invalidVersion();
+            (version.*set)(n);
+            QCOMPARE(version.value(), expected);
+        }
     }
 
     void versionComparesWithAnyNumber()
@@ -128,10 +114,12 @@ private Q_SLOTS:
             {"1-2-3", {1, 2, 3}}, {"1.2.345", {1, 2, 34}},
             {"123.4.5", {1, 3, 4}}, // The dots stand for any character, a digit too.
             {"1.2", {}}, {"abc", {}}, {"", {}}, {"3/2/1", {1, 2, 3}, " {pp}/{mm}/{MM} "},
-            {"7", {7, 0, 0}, "{MM}"}, {"1.1", {}, "{MM}.{MM}"}, {"(1", {}, "({MM}"}};
+            {"7", {7, 0, 0}, "{MM}"}, {"7,000", {7000, 0, 0}, "(?<major>.+)"},
+            {"99999999999", {}, "(?<major>.+)"}, {"x", {}, "(?<major>.+)"},
+            {"1.1", {}, "{MM}.{MM}"}, {"(1", {}, "({MM}"}};
         for (const Row &row : rows) {
-            const QString text = QString::fromLatin1(row.text);
-            const QString format = QString::fromLatin1(row.format);
+            const QString text = string(row.text);
+            const QString format = string(row.format);
             QCOMPARE(SConvert::toVersion(text, format, QLocale::c()), row.expected);
             QCOMPARE(SConvert::toVersion(QVariant(text), format, QLocale::c()), row.expected);
             if (format.isEmpty())
@@ -142,15 +130,15 @@ private Q_SLOTS:
     void convertsVersions()
     {
         const SVersion version(1, 2, 30);
-        QCOMPARE(SConvert::toString(version, QStringLiteral("{pp}/{mm}/{MM}/{mm}"), QLocale::c()),
-            QStringLiteral("30/2/1/2"));
+        QCOMPARE(SConvert::toString(version, string("{pp}/{mm}/{MM}/{mm}"), QLocale::c()),
+            string("30/2/1/2"));
         QCOMPARE(SConvert::toString(version, QLocale(QLocale::Arabic, QLocale::Egypt)),
             QStringLiteral(u"\u0661.\u0662.\u0663\u0660"));
 
         QCOMPARE(SConvert::toVersion(131084LL + (1LL << 32)), SVersion(2, 0, 12));
         QCOMPARE(SConvert::toVersion(static_cast<signed char>(-1)), SVersion::invalidVersion());
         QCOMPARE(SConvert::toVersion(131084.9), SVersion(2, 0, 12));
-        QCOMPARE(SConvert::toVersion(1e300).value(), Max);
+        QCOMPARE(SConvert::toVersion(1e300).value(), Max<int>);
         QVERIFY(SConvert::toVersion(std::numeric_limits<float>::quiet_NaN()).isNull());
 
         const QVariant variant = SConvert::toVariant({2, 0, 12});
@@ -158,6 +146,8 @@ private Q_SLOTS:
         QCOMPARE(SConvert::toVersion(variant), SVersion(2, 0, 12));
         for (const QVariant &other : {QVariant(), QVariant(QByteArray("x"))})
             QVERIFY(SConvert::toVersion(other).isNull());
+        QMetaType::registerConverter<QSize, SVersion>([](QSize s) { return SVersion(s.width()); });
+        QCOMPARE(SConvert::toVersion(QVariant(QSize(12, 0))), SVersion(12));
     }
 };
 

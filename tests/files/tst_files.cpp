@@ -1,35 +1,6 @@
-#include <tavex/SDir>
-#include <tavex/SFileHelper>
-
-#include <QBuffer>
-#include <QTemporaryDir>
-#include <QTest>
+#include "common.h"
 
 #include <unistd.h>
-
-using namespace Quorvex;
-
-/// Gives and takes its bytes in the portions listed: 0 is nothing and -1 an error.
-struct Device : QBuffer
-{
-    Device(const QList<qint64> &portions, const QByteArray &content = {})
-        : m_portions(portions)
-    {
-        setData(content);
-        open(ReadWrite | Unbuffered);
-    }
-    bool fails(qint64 &n)
-    {
-        n = m_portions.isEmpty() ? n : qMin(n, m_portions.takeFirst());
-        return n < 0;
-    }
-    qint64 readData(char *d, qint64 n) override { return fails(n) ? n : QBuffer::readData(d, n); }
-    qint64 writeData(const char *d, qint64 n) override
-    {
-        return fails(n) ? n : QBuffer::writeData(d, n);
-    }
-    QList<qint64> m_portions;
-};
 
 class TestFiles : public QObject
 {
@@ -55,11 +26,38 @@ private Q_SLOTS:
         };
         QCOMPARE(read({3}, (1LL << 32) + 5), "abcde");
         QCOMPARE(read({3, 0}, 5) + read({3, -1}, 5) + read({}, -1) + read({}, 1LL << 31), "");
-        Device target({2, 1, 2, 2, 0, 2, -1});
-        for (const int count : {5, 2, -1})
-            QCOMPARE(SFileHelper::writeAllBuffer(&target, "abcde", 5, 0), count);
         char byte = 0;
+        char bytes[5];
+        const auto count = [&](const Portions &reads) {
+            Device source(reads, "abcdefg");
+            return SFileHelper::readAllBuffer(&source, bytes, 5, 0);
+        };
+        QVERIFY(count({3, 0}) == 3 && count({3, -1}) == -1 && count({}) == 5 && read({}, 1) == "a");
+        Device target({2, 1, 2, 2, 0, 2, -1});
+        for (const int taken : {5, 2, -1})
+            QCOMPARE(SFileHelper::writeAllBuffer(&target, "abcde", 5, 0), taken);
+        QCOMPARE(target.data(), "abcdeabab");
+        Device begun({2});
+        QCOMPARE(SFileHelper::writeAllBuffer(&begun, "abcde", 5, 0), 5);
+        for (const int waits : {2, -1}) {
+            target.m_waits = waits;
+            QCOMPARE(SFileHelper::writeAllBuffer(&target, "a", 1, 1), waits < 0 ? -1 : 1);
+            QVERIFY(target.m_waits <= 0);
+        }
         QCOMPARE(SFileHelper::readAllBuffer(&target, &byte, 1, 1), -1);
+        for (const int size : {-1, 0, 1}) {
+            const int expected = size > 0 ? -1 : 0;
+            QCOMPARE(SFileHelper::readAllBuffer(nullptr, &byte, size, 0), expected);
+            QCOMPARE(SFileHelper::readAllBuffer(&target, nullptr, size, 0), expected);
+            QCOMPARE(SFileHelper::writeAllBuffer(&target, nullptr, size, 0), expected);
+            QCOMPARE(SFileHelper::writeAllBuffer(nullptr, &byte, size, 0), -1);
+        }
+        QBuffer closed;
+        Device source({}, "abc");
+        QVERIFY(SFileHelper::copyDevice(&closed, &source, 5) && !closed.isOpen());
+        QCOMPARE(closed.data(), "abc");
+        QVERIFY(!SFileHelper::copyDevice(&closed, nullptr, 5));
+        QVERIFY(!SFileHelper::copyDevice(nullptr, &source, 5));
     }
 
     // What fits Qt's own buffer is refused only when that is emptied.
@@ -81,6 +79,10 @@ private Q_SLOTS:
     {
         QVERIFY(SDir::pathCompare(u"C:\\A\\..\\B\\"_qs, u"c:/b"_qs, Qt::CaseInsensitive));
         QVERIFY(!SDir::pathCompare(u"//s/a"_qs, u"/s/a"_qs, Qt::CaseInsensitive));
+        QCOMPARE(SDir::removeWrongChars(u"a?b*c:d;e"_qs), u"a_b_c_d_e"_qs);
+        QCOMPARE(SDir::uniqueEnumeratedPath(u"none - 1/x"_qs), u"none - 1/x"_qs);
+        QVERIFY(SDir(m_folder.path()).isLocal() && !SDir(path("none")).isLocal());
+        QCOMPARE(SDir(path("none")).path(), path("none"));
         const QString text = u"0123456789abcdefghijklmnopqrst"_qs;
         QCOMPARE(SDir::pathShortener(text, 20), u"0123456789...klmnopqrst"_qs);
         QCOMPARE(SDir::pathShortener(text, -9), u"01234...pqrst"_qs);
@@ -98,22 +100,50 @@ private Q_SLOTS:
     {
         const QString deep = path("x/kept/") + QString(127, QChar(0x5D0)) + QLatin1Char('x');
         QVERIFY(QDir().mkpath(deep) && QDir().mkpath(path("x/gone/below")));
-        QVERIFY(SDir(path("x/kept")).link(path("x/link")));
-        SFileHelper::deleteOnExit(
-            {path("x/gone"), path("x/late"), path("x/link/"), path("x/gone")});
-#ifdef Q_OS_UNIX
-        QVERIFY(SDir(deep).link(path("x/child")));
-        if (fork() == 0) {
-            SFileHelper::deleteOnExit(path("x/child"));
-            std::exit(0);
+        STemporaryFile ended;
+        {
+            STemporaryFile file(path("x/file"));
+            STemporaryFile other;
+            QVERIFY(file.open(QFile::WriteOnly) && other.open(QFile::WriteOnly));
+            QVERIFY(QFile::exists(other.fileName()) && file.copy(path("x/copy")));
+            QVERIFY(file.copy(path("x/kept/.hidden")));
+            ended.setFileName(other.fileName());
         }
-        QTRY_VERIFY(!QFile::exists(path("x/child")));
+        QVERIFY(!ended.exists());
+        QVERIFY(QDir::setCurrent(path("x/kept"))); // What an empty path is not to stand for.
+        QVERIFY(SDir(string(".")).link(path("x/link")) && !SDir({}).link(path("x/none")));
+        const QStringList names{path("x/gone"), path("x/late"), path("x/link/"), path("x/gone")};
+        QCOMPARE(SFileHelper::deleteOnExit(names), names);
+        for (const QString &name : {names.at(0), names.at(1), path("x/copy")})
+            QCOMPARE(SFileHelper::deleteOnExit(name), name);
+        for (const QString &name : {path("x/never"), QString()})
+            QCOMPARE(SFileHelper::deleteFolderOnExit(name), name);
+        for (const QString &name : {path("x/copy"), QString()})
+            QCOMPARE(SFileHelper::deleteFileOnExit(name), name);
+#ifdef Q_OS_UNIX
+        QVERIFY(QFile::exists(path("x/link/.hidden")));
+        for (const bool deletesNow : {false, true}) {
+            QVERIFY(SDir(deep).link(path("x/child")));
+            if (fork() == 0) {
+                if (deletesNow)
+                    SFileHelper::deleteNow();
+                SFileHelper::deleteOnExit(path("x/child"));
+                std::exit(0);
+            }
+            QTRY_VERIFY(!QFile::exists(path("x/child")));
+            QVERIFY(QFile::exists(path("x/gone")) && QFile::exists(path("x/copy")));
+        }
 #endif
         QVERIFY(QFile::exists(path("x/gone")) && QDir().mkdir(path("x/late")));
         SFileHelper::deleteNow();
+        QVERIFY(QDir().mkdir(path("x/never"))); // It was not there when it could be deleted.
+        SFileHelper::deleteNow();
+        QVERIFY(QDir::setCurrent(m_folder.path()));
         QStringList left = SDir::search(path("x"), {}, QDirIterator::Subdirectories);
         left.sort();
-        QCOMPARE(left, QStringList({path("x/kept"), deep, path("x/late")}));
+        QCOMPARE(left,
+            QStringList(
+                {path("x/kept"), path("x/kept/.hidden"), deep, path("x/late"), path("x/never")}));
     }
 
 private:

@@ -1,17 +1,9 @@
-#include <tavex/SCrc32>
-#include <tavex/numeric/scrc32_p.h>
+#include "common.h"
 
-#include <QBuffer>
-#include <QRandomGenerator>
-#include <QTemporaryFile>
-#include <QTest>
+#include <tavex/numeric/scrc32_p.h>
 
 #include <atomic>
 #include <concepts>
-#include <thread>
-
-using Quorvex::SCrc32;
-namespace Crc32 = Quorvex::Crc32;
 
 namespace {
 
@@ -35,47 +27,25 @@ QByteArray randomBytes(QRandomGenerator &random, qsizetype size)
     return bytes;
 }
 
-/// Hands out its bytes in small pieces and then fails.
-class FailingDevice : public QIODevice
-{
-public:
-    qint64 readData(char *data, qint64 maxSize) override
-    {
-        if (m_left == 0)
-            return -1;
-        const qint64 count = qMin(qMin<qint64>(7, m_left), maxSize);
-        memset(data, 'x', size_t(count));
-        m_left -= count;
-        return count;
-    }
-    qint64 writeData(const char *, qint64) override { return -1; }
-
-private:
-    qint64 m_left = 20;
-};
-
 /// Has its bytes only when they were waited for, and ends as a process does that has finished.
-class SlowDevice : public QIODevice
+struct SlowDevice : QIODevice
 {
-public:
     [[nodiscard]] bool isSequential() const override { return true; }
     bool waitForReadyRead(int) override
     {
-        m_ready = m_pieces.isEmpty() ? QByteArray() : m_pieces.takeFirst();
-        return !m_ready.isEmpty();
+        ready = pieces.isEmpty() ? QByteArray() : pieces.takeFirst();
+        return !ready.isEmpty();
     }
-    qint64 readData(char *data, qint64 maxSize) override
+    qint64 readData(char *data, qint64) override
     {
-        const qint64 count = qMin(maxSize, qint64(m_ready.size()));
-        memcpy(data, m_ready.constData(), size_t(count));
-        m_ready.remove(0, count);
-        return count == 0 && m_pieces.isEmpty() ? -1 : count;
+        const QByteArray taken = std::exchange(ready, {});
+        std::copy(taken.begin(), taken.end(), data);
+        return taken.isEmpty() && pieces.isEmpty() ? -1 : taken.size();
     }
     qint64 writeData(const char *, qint64) override { return -1; }
 
-private:
-    QByteArray m_ready;
-    QByteArrayList m_pieces{"1234", "56789"};
+    QByteArray ready;
+    QByteArrayList pieces{"1234", "56789"};
 };
 
 template <typename T>
@@ -169,9 +139,7 @@ private Q_SLOTS:
             for (int i = 0; i < 5000; ++i)
                 wrong += SCrc32::hash(data, polynomial) != expected;
         };
-        std::thread other(run, 0x1EDC6F41);
-        run(0x741B8CD7);
-        other.join();
+        together([&] { run(0x1EDC6F41); }, [&] { run(0x741B8CD7); });
         QCOMPARE(wrong.load(), 0);
     }
 
@@ -211,17 +179,12 @@ private Q_SLOTS:
         };
         check(1, QByteArray("\1\0\0\0", 4));
         check(short(-2), QByteArray("\xFE\xFF", 2));
-        check(static_cast<signed char>(5), QByteArray("\5", 1));
         check('a', QByteArray("a"));
         check(1.0F, QByteArray("\0\0\x80\x3F", 4));
         check(-2.0, QByteArray("\0\0\0\0\0\0\0\xC0", 8));
-        check(quint64(1) << 63, QByteArray("\0\0\0\0\0\0\0\x80", 8));
         check(QStringLiteral(u"h\u00E4\u4E16"), QByteArray("h\xC3\xA4\xE4\xB8\x96"));
-        QCOMPARE(SCrc32::hash(QStringLiteral(u"\u00E4")), SCrc32::hash(QByteArray("\xC3\xA4")));
-    }
+        QCOMPARE(SCrc32::hash(string("\u00E4")), SCrc32::hash(QByteArray("\xC3\xA4")));
 
-    void equality()
-    {
         SCrc32 a(0xEDB88320);
         const SCrc32 b(0x82608EDB);
         QVERIFY(a != b && a.value() == b.value() && a == b.value());
@@ -235,34 +198,26 @@ private Q_SLOTS:
     {
         QRandomGenerator random(3);
         const QByteArray data = randomBytes(random, 3 * 65536 + 17);
-        bool ok = false;
-
-        QBuffer buffer;
-        buffer.setData(data);
-        QCOMPARE(SCrc32::hash(&buffer, &ok), SCrc32::initValue());
-        QVERIFY(!ok); // Not open, and left so.
-        QVERIFY(!buffer.isOpen());
-        buffer.open(QIODevice::ReadOnly);
-        buffer.seek(5);
-        QCOMPARE(SCrc32::hash(&buffer, &ok, 0xEDB88320), SCrc32::hash(data.mid(5), 0xEDB88320));
-        QVERIFY(ok);
-
-        QTemporaryFile file;
-        QVERIFY(file.open());
-        file.write(data);
-        file.seek(0);
-        QCOMPARE(SCrc32::hash(&file), SCrc32::hash(data));
-
-        QCOMPARE(SCrc32::hash(nullptr, &ok), SCrc32::initValue());
-        QVERIFY(!ok);
-        FailingDevice failing;
-        failing.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
-        QCOMPARE(SCrc32::hash(&failing, &ok), SCrc32::hash(QByteArray(20, 'x')));
-        QVERIFY(!ok);
+        const auto row = [](QIODevice *device, bool works, uint expected, auto... polynomial) {
+            bool ok = !works;
+            QCOMPARE(SCrc32::hash(device, &ok, polynomial...), expected);
+            QCOMPARE(ok, works);
+        };
+        QBuffer closed;
+        closed.setData(data);
+        row(&closed, false, SCrc32::initValue());
+        QVERIFY(!closed.isOpen());
+        row(nullptr, false, SCrc32::initValue());
+        Device part({}, data);
+        part.seek(5);
+        row(&part, true, SCrc32::hash(data.mid(5), 0xEDB88320), 0xEDB88320);
+        Device failing({7, 7, 6, -1}, QByteArray(99, 'x'));
+        row(&failing, false, SCrc32::hash(QByteArray(20, 'x')));
         SlowDevice slow;
         slow.open(QIODevice::ReadOnly);
-        QCOMPARE(SCrc32::hash(&slow, &ok), 0x0376E6E7U);
-        QVERIFY(ok);
+        row(&slow, true, 0x0376E6E7U);
+        Device whole({}, data);
+        QCOMPARE(SCrc32::hash(&whole), SCrc32::hash(data));
     }
 };
 

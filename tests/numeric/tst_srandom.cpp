@@ -1,14 +1,10 @@
-#include <tavex/SRandom>
-#include <tavex/numeric/srandom_p.h>
+#include "common.h"
 
-#include <QRandomGenerator>
-#include <QTest>
+#include <tavex/numeric/srandom_p.h>
 
 #include <numeric>
 #include <random>
 
-using Quorvex::SArray;
-using Quorvex::SRandom;
 namespace RandomLanes = Quorvex::RandomLanes;
 
 namespace {
@@ -63,18 +59,18 @@ private Q_SLOTS:
                     expected[4 * i + byte] = char(states.at(i + 1) >> 8 * byte);
             }
             for (qsizetype size = 0; size <= Count; ++size) {
-                QList<int> list(size);
-                SArray<double> reals(size);
-                SRandom random(seed);
-                SRandom other(seed);
-                random.fill(list);
-                other.fill(reals);
-                const SRandom after(states.at(size));
-                QVERIFY2(random == after && other == after, QByteArray::number(seed));
-                for (qsizetype i = 0; i < size; ++i) {
-                    const auto value = static_cast<int>(states.at(i + 1));
-                    QVERIFY(list.at(i) == value && reals[i] == value / 2147483647.0);
-                }
+                const auto check = [&](auto array, double unit) {
+                    SRandom random(5);
+                    random.seed(seed);
+                    random.fill(array);
+                    QVERIFY2(random == SRandom(states.at(size)), QByteArray::number(seed));
+                    for (qsizetype i = 0; i < size; ++i)
+                        QVERIFY(array[i] == static_cast<int>(states.at(i + 1)) / unit);
+                };
+                check(QList<int>(size), 1);
+                check(SArray<int>(size), 1);
+                check(QList<double>(size), 2147483647.0);
+                check(SArray<double>(size), 2147483647.0);
                 for (const RandomLanes::Fill fill : RandomLanes::fills()) {
                     QByteArray bytes(4 * size + 1, 'x');
                     uint state = seed;

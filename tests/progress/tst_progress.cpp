@@ -1,19 +1,7 @@
-#include <tavex/SProgressDefaulter>
-#include <tavex/SProgressPool>
-#include <tavex/SSignalResult>
-#include <tavex/SSysInfo>
-#include <tavex/SThreading>
+#include "common.h"
 
-#include <QMetaMethod>
-#include <QTest>
-#include <QThread>
-
-#include <barrier>
 #include <numeric>
 #include <optional>
-#include <thread>
-
-using namespace Quorvex;
 
 namespace {
 
@@ -29,16 +17,6 @@ struct Log : QByteArrayList
     }
     [[nodiscard]] QByteArray take() { return std::exchange(*this, Log()).join(' '); }
 };
-
-template <typename... Functions>
-void together(Functions... functions)
-{
-    std::barrier start(sizeof...(functions));
-    const std::jthread threads[] = {std::jthread([&start, functions] {
-        start.arrive_and_wait();
-        functions();
-    })...};
-}
 
 } // namespace
 
@@ -106,6 +84,8 @@ private Q_SLOTS:
         a.setProgress(1);
         QCOMPARE(b.progress(), 20);
         QCOMPARE(a.abortPeers(), QSet<IProgress *>{&b});
+        IProgress::unlink(&b, &a);
+        QVERIFY(a.abortPeers().isEmpty());
     }
 
     void pools()
@@ -124,6 +104,7 @@ private Q_SLOTS:
         SProgressPool empty(0);
         IProgress::link(&empty, pool.at(0)); // It never follows.
         pool.setProgress(100);
+        empty.setProgress(5);
         QVERIFY(empty.isEmpty() && !empty.last() && pool.progress() == 50);
 
         SProgressPool outer(2);
@@ -232,8 +213,31 @@ private Q_SLOTS:
             SThreading::setDefaultConcurrence(count);
             QCOMPARE(SThreading::defaultConcurrence(), count > 0 ? count : all);
         }
-        SThreading::setDefaultConcurrence(ConcurrenceMode(0));
-        QCOMPARE(SThreading::defaultConcurrence(), 1);
+        struct Lockable : Interfaces::ILockable
+        {
+            void lock() override { ++count; }
+            void unlock() override { --count; }
+            int count = 0;
+        } lockable;
+        int elapsed = -1;
+        {
+            const SLocker locker(&lockable);
+            const SLocker none(nullptr);
+            const SChronograph chronograph(&elapsed);
+            const SChronograph unwatched;
+            QVERIFY(lockable.count == 1 && elapsed == 0);
+            elapsed = -2;
+        }
+        QVERIFY(lockable.count == 0 && elapsed != -2);
+
+        using M = ConcurrenceMode;
+        for (const auto &[mode, count] : {std::pair(M(0), 1), {M::Half, all / 2},
+                 {M::MoreThanHalf, all * 3 / 4}, {M::AlmostFull, all - 1}, {M::Full, all}}) {
+            SThreading::setDefaultConcurrence(mode);
+            QCOMPARE(SThreading::defaultConcurrence(), qMax(1, count));
+        }
+        SThreading::setThreadsPerCore(3);
+        QCOMPARE(SThreading::threadsPerCore(), 3);
     }
 };
 

@@ -1,17 +1,6 @@
-#include <tavex/SCpuInfo>
-#include <tavex/SMemoryInfo>
-#include <tavex/SShellCommandSeeker>
-#include <tavex/SStorageInfo>
-#include <tavex/SSysInfo>
+#include "common.h"
+
 #include <tavex/system/cpuid_p.h>
-
-#include <QDir>
-#include <QFile>
-#include <QStorageInfo>
-#include <QTemporaryDir>
-#include <QTest>
-
-using namespace Quorvex;
 using F = CpuFeatureFlags;
 using Os = OperatingSystem;
 
@@ -40,7 +29,7 @@ private Q_SLOTS:
 
     void asTheKernelSays()
     {
-        QFile file(QStringLiteral("/proc/cpuinfo"));
+        QFile file(string("/proc/cpuinfo"));
         if (!file.open(QIODevice::ReadOnly))
             QSKIP("No Linux");
         QHash<QByteArray, QByteArray> info;
@@ -53,8 +42,8 @@ private Q_SLOTS:
         QCOMPARE(SCpuInfo::brand().toLatin1(), info["model name"]);
 
         const auto flags = info["flags"].replace('_', "").toUpper().split(' ');
-        const QHash<QString, QByteArray> otherNames{{QStringLiteral("SSE3"), "PNI"},
-            {QStringLiteral("LZCNT"), "ABM"}, {QStringLiteral("SHA"), "SHANI"}};
+        const QHash<QString, QByteArray> otherNames{
+            {string("SSE3"), "PNI"}, {string("LZCNT"), "ABM"}, {string("SHA"), "SHANI"}};
         F expected{};
         for (const auto &row : CpuFeatureFlags_T::rows) {
             const QString key = QString::fromUtf16(row.key).remove(u'_');
@@ -121,7 +110,7 @@ private Q_SLOTS:
             {{V::MacOS, 12}, Os::macOS}, {{V::IOS, 15}, Os::iOS}, {{V::Android, 12}, Os::Android},
             {{V::Unknown, -1}, Os::FreeBSD}};
         for (const auto &[version, expected] : rows) {
-            const auto kernel = QStringLiteral("freebsd");
+            const auto kernel = string("freebsd");
             const auto named = static_cast<Os>(static_cast<quint32>(expected) | Named);
             QCOMPARE(SSysInfo::operatingSystem(false, version, kernel), expected);
             QCOMPARE(SSysInfo::operatingSystem(true, version, kernel), named);
@@ -154,15 +143,15 @@ private Q_SLOTS:
             QCOMPARE(static_cast<int>(SSysInfo::operatingSystemType(row.os)), row.type);
         }
         const auto name = &SSysInfo::operatingSystemTypeName;
-        QCOMPARE(name(OperatingSystemType::BSD_), QStringLiteral("BSD"));
-        QCOMPARE(name(static_cast<OperatingSystemType>(9)), QStringLiteral("9"));
+        QCOMPARE(name(OperatingSystemType::BSD_), string("BSD"));
+        QCOMPARE(name(static_cast<OperatingSystemType>(9)), string("9"));
     }
 
     void runningLinux()
     {
         if (SSysInfo::kernelType() != QLatin1String("linux") || SSysInfo::isAndroid())
             QSKIP("No Linux");
-        QCOMPARE(SSysInfo::operatingSystemCodeName(), QStringLiteral("Linux"));
+        QCOMPARE(SSysInfo::operatingSystemCodeName(), string("Linux"));
         using S = SSysInfo;
         QVERIFY(S::isSupported() && S::isLinux());
         for (auto *const isOther :
@@ -200,7 +189,7 @@ private Q_SLOTS:
 
     void volumes()
     {
-        const QTemporaryDir folder(QDir::temp().filePath(QStringLiteral("größe-XXXXXX")));
+        const QTemporaryDir folder(QDir::temp().filePath(string("größe-XXXXXX")));
         const SStorageInfo info(folder.path());
         const QStorageInfo expected(folder.path());
         QVERIFY(info.isValid() && info.isLocal());
@@ -212,7 +201,7 @@ private Q_SLOTS:
             QVERIFY(qAbs(info.freeBytes() - expected.bytesAvailable()) < Q_INT64_C(1) << 30);
         }
 
-        const QString missing = folder.filePath(QStringLiteral("none/file"));
+        const QString missing = folder.filePath(string("none/file"));
         for (SStorageInfo none : {SStorageInfo(), SStorageInfo(QString()), SStorageInfo(missing)}) {
             QVERIFY(!none.isValid() && !none.isLocal() && !none.eject());
             QCOMPARE(none.rootPath() + none.name() + none.type(), QString());

@@ -44,18 +44,13 @@ class Writer : public QFile
 {
 public:
     /// False if anything that was written has not arrived.
-    bool finish()
-    {
-        const bool written = flush() && !m_failed;
-        close();
-        return written && error() == NoError;
-    }
+    bool finish() { return flush() && !m_failed; }
 
 protected:
     qint64 writeData(const char *data, qint64 size) override
     {
         const qint64 written = QFile::writeData(data, size);
-        m_failed = m_failed || written < 0 || (written == 0 && size > 0);
+        m_failed = m_failed || written != size;
         return written;
     }
 
@@ -100,8 +95,6 @@ SNvCache::SNvCache(const QString &name, const QString &folder)
     , m_name(name.isEmpty() ? QUuid::createUuid().toString(QUuid::WithoutBraces) : name)
 {
     m_valid = QDir(QString()).mkpath(pathName());
-    if (!m_valid)
-        return;
     for (int i = 0; i < NewFileLimit; ++i)
         Platform::removeAbandonedFile(newFilePath(pathName(), i));
     if (!readIndex())

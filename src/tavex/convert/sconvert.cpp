@@ -52,9 +52,9 @@ struct VersionPattern
     }
 
     QRegularExpression expression;
-    int major = -1;
-    int minor = -1;
-    int patch = -1;
+    int major;
+    int minor;
+    int patch;
 };
 
 SVersion findVersion(const QString &text, const VersionPattern &pattern, const QLocale &locale)
@@ -62,8 +62,6 @@ SVersion findVersion(const QString &text, const VersionPattern &pattern, const Q
     if (!pattern.expression.isValid())
         return {};
     const QRegularExpressionMatch match = pattern.expression.match(text);
-    if (!match.hasMatch())
-        return {};
     // One or two digits of ASCII need no parser where they are the locale's own. A group that the
     // format names itself may be any text.
     const bool isPlain = locale.zeroDigit() == u'0';
@@ -136,8 +134,6 @@ int digitsOf(float value)
 template <typename T>
 QString timeText(const T &value, const QString &format, const QLocale &locale)
 {
-    if (!value.isValid())
-        return {};
     const QStringView name = QStringView(format).trimmed();
     if (name == u"{iso}")
         return value.toString(Qt::ISODateWithMs);
@@ -209,17 +205,13 @@ bool SConvert::toBool(const QString &text, const QLocale &locale)
     const auto isWord = [&](const QString &other) {
         return word.compare(other, Qt::CaseInsensitive) == 0;
     };
-    const QString falseKey = Bool_T::instance().toString(Bool::False);
     const QString trueKey = Bool_T::instance().toString(Bool::True);
     if (locale.language() == QLocale().language() && !word.isEmpty()) {
         const Bool_TR &translator = Bool_TR::instance();
         for (const EnumTranslationOptions language :
             {EnumTranslationOptions::TranslateLocale, EnumTranslationOptions::TranslateFallback}) {
-            const auto options = language | EnumTranslationOptions::NoKeyFallback;
-            if (isWord(translator.etr(trueKey, options)))
+            if (isWord(translator.etr(trueKey, language | EnumTranslationOptions::NoKeyFallback)))
                 return true;
-            if (isWord(translator.etr(falseKey, options)))
-                return false;
         }
     }
     return isWord(trueKey);
@@ -437,8 +429,7 @@ SVersion SConvert::variantToVersion(
     if (value.metaType() == type)
         return *static_cast<const SVersion *>(value.constData());
     SVersion version;
-    if (!QMetaType::convert(value.metaType(), value.constData(), type, &version))
-        return {};
+    QMetaType::convert(value.metaType(), value.constData(), type, &version);
     return version;
 }
 

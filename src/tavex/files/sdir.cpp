@@ -42,8 +42,6 @@ bool SDir::pathCompare(const QString &a, const QString &b, const Qt::CaseSensiti
 {
     const QString unipathA = toUnipath(a);
     const QString unipathB = toUnipath(b);
-    if (unipathA.compare(unipathB, cs) == 0)
-        return true;
     // Cleaning may take one of the two "/".
     const QLatin1String network("//");
     return unipathA.startsWith(network) == unipathB.startsWith(network)

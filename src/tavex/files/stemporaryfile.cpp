@@ -21,7 +21,6 @@ STemporaryFile::STemporaryFile(QObject *parent)
 
 STemporaryFile::~STemporaryFile()
 {
-    close();
     if (!fileName().isEmpty())
         remove();
 }

@@ -20,7 +20,7 @@ bool SMetaByteArray::isNull() const
 
 bool SMetaByteArray::isEmpty() const
 {
-    return isNull() || m_value.isEmpty();
+    return m_value.isEmpty();
 }
 
 MetadataFlags SMetaByteArray::flags()

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <tavex/Tavex>
+
+#include <QtTest>
+
+#include <barrier>
+#include <limits>
+#include <memory>
+#include <thread>
+
+/// \file
+/// What most tests use.
+
+using namespace Quorvex;
+
+template <typename T>
+constexpr T Max = (std::numeric_limits<T>::max)();
+template <typename T>
+constexpr T Min = (std::numeric_limits<T>::lowest)();
+
+inline QString string(const char *utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+/// Gives and takes its bytes in the portions listed: 0 is nothing and -1 an error. Passes on what
+/// it took after so many waits.
+struct Device : QBuffer
+{
+    Device(const QList<qint64> &portions, const QByteArray &content = {})
+        : m_portions(portions)
+    {
+        setData(content);
+        open(ReadWrite | Unbuffered);
+    }
+    bool fails(qint64 &n)
+    {
+        n = m_portions.isEmpty() ? n : qMin(n, m_portions.takeFirst());
+        return n < 0;
+    }
+    qint64 readData(char *d, qint64 n) override { return fails(n) ? n : QBuffer::readData(d, n); }
+    qint64 writeData(const char *d, qint64 n) override
+    {
+        return fails(n) ? n : QBuffer::writeData(d, n);
+    }
+    qint64 bytesToWrite() const override { return m_waits; }
+    bool waitForBytesWritten(int) override { return --m_waits >= 0; }
+
+    QList<qint64> m_portions;
+    qint64 m_waits = 0;
+};
+
+/// Calls the functions at once, each on a thread of its own, and waits for them.
+template <typename... Functions>
+void together(Functions... functions)
+{
+    std::barrier start(sizeof...(functions));
+    const std::jthread threads[] = {std::jthread([&start, functions] {
+        start.arrive_and_wait();
+        functions();
+    })...};
+}
