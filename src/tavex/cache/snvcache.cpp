@@ -95,6 +95,8 @@ SNvCache::SNvCache(const QString &name, const QString &folder)
     , m_name(name.isEmpty() ? QUuid::createUuid().toString(QUuid::WithoutBraces) : name)
 {
     m_valid = QDir(QString()).mkpath(pathName());
+    if (!m_valid)
+        return;
     for (int i = 0; i < NewFileLimit; ++i)
         Platform::removeAbandonedFile(newFilePath(pathName(), i));
     if (!readIndex())

@@ -62,6 +62,8 @@ SVersion findVersion(const QString &text, const VersionPattern &pattern, const Q
     if (!pattern.expression.isValid())
         return {};
     const QRegularExpressionMatch match = pattern.expression.match(text);
+    if (!match.hasMatch())
+        return {};
     // One or two digits of ASCII need no parser where they are the locale's own. A group that the
     // format names itself may be any text.
     const bool isPlain = locale.zeroDigit() == u'0';
@@ -134,6 +136,8 @@ int digitsOf(float value)
 template <typename T>
 QString timeText(const T &value, const QString &format, const QLocale &locale)
 {
+    if (!value.isValid())
+        return {};
     const QStringView name = QStringView(format).trimmed();
     if (name == u"{iso}")
         return value.toString(Qt::ISODateWithMs);
@@ -429,7 +433,8 @@ SVersion SConvert::variantToVersion(
     if (value.metaType() == type)
         return *static_cast<const SVersion *>(value.constData());
     SVersion version;
-    QMetaType::convert(value.metaType(), value.constData(), type, &version);
+    if (!QMetaType::convert(value.metaType(), value.constData(), type, &version))
+        return {};
     return version;
 }
 

@@ -109,27 +109,18 @@ template <typename Lanes>
     using Vector = typename Lanes::Vector;
     if (count < Lanes::Block)
         return 0;
-    Vector a, b, c, d, e, f, g, h;
-    Lanes::load(a, firstLanes<Lanes::Count>(state).data());
-    Lanes::multiply(b, a, factor(Lanes::Count));
-    Lanes::multiply(c, b, factor(Lanes::Count));
-    Lanes::multiply(d, c, factor(Lanes::Count));
-    Lanes::multiply(e, d, factor(Lanes::Count));
-    Lanes::multiply(f, e, factor(Lanes::Count));
-    Lanes::multiply(g, f, factor(Lanes::Count));
-    Lanes::multiply(h, g, factor(Lanes::Count));
+    constexpr int Vectors = Lanes::Block / Lanes::Count;
+    Vector v[Vectors];
+    Lanes::load(v[0], firstLanes<Lanes::Count>(state).data());
+    for (int i = 1; i < Vectors; ++i)
+        Lanes::multiply(v[i], v[i - 1], factor(Lanes::Count));
     const bool stream = isStreamed(out, count);
     const qsizetype blocks = count / Lanes::Block;
     for (qsizetype i = 0; i < blocks; ++i) {
-        Lanes::put(a, out + 0 * sizeof a, stream);
-        Lanes::put(b, out + 1 * sizeof a, stream);
-        Lanes::put(c, out + 2 * sizeof a, stream);
-        Lanes::put(d, out + 3 * sizeof a, stream);
-        Lanes::put(e, out + 4 * sizeof a, stream);
-        Lanes::put(f, out + 5 * sizeof a, stream);
-        Lanes::put(g, out + 6 * sizeof a, stream);
-        Lanes::put(h, out + 7 * sizeof a, stream);
-        out += sizeof(quint32) * Lanes::Block;
+#pragma GCC unroll 8
+        for (int j = 0; j < Vectors; ++j)
+            Lanes::put(v[j], out + std::size_t(j) * sizeof v[j], stream);
+        out += sizeof v;
     }
     if (stream)
         _mm_sfence();
