@@ -1,18 +1,24 @@
 #include <tavex/convert/sconvert.h>
 
 #include <tavex/convert/svariantconvert.h>
-#include <tavex/enums/bool.h>
-#include <tavex/enums/operatingsystem.h>
+#include <tavex/core/metatype_p.h>
+#include <tavex/enums/enumlist_p.h>
+#include <tavex/enums/enumtranslationoptions.h>
 
 #include <QDateTime>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QMetaEnum>
 #include <QRegularExpression>
 #include <QUrl>
 #include <QUuid>
 
 #include <algorithm>
+#include <array>
+#include <bit>
+#include <charconv>
+#include <cmath>
 #include <limits>
 #include <optional>
 
@@ -101,8 +107,20 @@ std::optional<Option> takeOption(QStringView &format)
     return ok ? std::optional(option) : std::nullopt;
 }
 
-/// "{f:2}" and the like. Without it, the \a shortest text from which the value can be read back.
-QString realText(double value, int shortest, const QString &format, const QLocale &locale)
+/// Plain where the first digit stands for 1e-5 to 1e15, and in the shortest form that reads back.
+QString shortestText(double value, const QLocale &locale)
+{
+    constexpr int Shortest = QLocale::FloatingPointShortest;
+    // QLocale drops the sign of 0.
+    if (value == 0)
+        return (std::signbit(value) ? locale.negativeSign() : QString())
+            + locale.toString(0.0, 'f', Shortest);
+    const double size = std::abs(value);
+    return locale.toString(value, size >= 1e-5 && size < 1e16 ? 'f' : 'e', Shortest);
+}
+
+/// "{f:2}" and the like. Without it the shortest text of \a shortest.
+QString realText(double value, double shortest, const QString &format, const QLocale &locale)
 {
     constexpr int MaxPrecision = 99;
     QStringView rest = QStringView(format).trimmed();
@@ -111,26 +129,76 @@ QString realText(double value, int shortest, const QString &format, const QLocal
         && QStringView(u"feg").contains(option->name.front()) && option->number >= 0
         && option->number <= MaxPrecision;
     if (!isUsable)
-        return locale.toString(value, 'g', shortest);
+        return shortestText(shortest, locale);
     return locale.toString(value, option->name.front().toLatin1(), option->number);
 }
 
-/// How many digits it takes to read \a value back; six never lose a digit that was there. QLocale
-/// reads a double and refuses it above the largest float, to which the nearest short texts round
-/// up.
-int digitsOf(float value)
+/// The number that the shortest decimal text of \a value stands for. QLocale reads a double and
+/// refuses it above the largest float, to which the nearest short texts round up.
+double decimalOf(float value)
 {
-    constexpr int MaxDigits = std::numeric_limits<double>::max_digits10;
-    const auto number = static_cast<double>(value);
-    int digits = std::numeric_limits<float>::digits10;
-    while (std::isfinite(value) && digits < MaxDigits) {
-        const double read = QByteArray::number(number, 'e', digits - 1).toDouble();
-        if (std::abs(read) <= static_cast<double>((std::numeric_limits<float>::max)())
-            && static_cast<float>(read) == value)
-            break;
-        ++digits;
+    const auto exact = static_cast<double>(value);
+    if (!std::isfinite(value))
+        return exact;
+    std::array<char, 64> text{};
+    const auto read = [&](const std::to_chars_result &written) {
+        return QByteArrayView(text.data(), written.ptr - text.data()).toDouble();
+    };
+    double decimal = read(std::to_chars(text.begin(), text.end(), value));
+    for (int digits = std::numeric_limits<float>::digits10;
+         std::abs(decimal) > static_cast<double>((std::numeric_limits<float>::max)())
+         || static_cast<float>(decimal) != value;
+         ++digits)
+        decimal = read(
+            std::to_chars(text.begin(), text.end(), exact, std::chars_format::scientific, digits));
+    return decimal;
+}
+
+/// With as many zeros in front as it takes to have \a width digits, and no separators.
+QString paddedText(quint64 magnitude, bool isNegative, qsizetype width, int base, QLocale locale)
+{
+    locale.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
+    const QString digits =
+        base == 10 ? locale.toString(magnitude) : QString::number(magnitude, base);
+    const QString zero = locale.zeroDigit();
+    const qsizetype zeros = width - digits.size() / zero.size();
+    return (isNegative ? locale.negativeSign() : QString())
+        + zero.repeated(std::max<qsizetype>(zeros, 0)) + digits;
+}
+
+/// \a text with the signs and digits of C in place of those of \a locale.
+QString inSignsOfC(QStringView text, const QLocale &locale)
+{
+    const QString zero = locale.zeroDigit();
+    const uint zeroCode = QStringView(zero).toUcs4().value(0);
+    const std::pair<QString, QLatin1String> signs[] = {
+        // The first may have digits in it.
+        {locale.exponential(), QLatin1String("e")},
+        {locale.negativeSign(), QLatin1String("-")},
+        {locale.positiveSign(), QLatin1String("+")},
+        {locale.decimalPoint(), QLatin1String(".")},
+        {locale.numberOptions().testFlag(QLocale::RejectGroupSeparator) ? QString()
+                                                                        : locale.groupSeparator(),
+            QLatin1String()},
+    };
+    QString result;
+    while (!text.isEmpty()) {
+        const auto *const sign = std::find_if(std::begin(signs), std::end(signs),
+            [&](const auto &s) { return !s.first.isEmpty() && text.startsWith(s.first); });
+        if (sign != std::end(signs)) {
+            result += sign->second;
+            text = text.mid(sign->first.size());
+            continue;
+        }
+        const QStringView character = text.left(text.front().isHighSurrogate() ? 2 : 1);
+        const uint digit = character.toUcs4().value(0) - zeroCode;
+        if (digit <= 9)
+            result += QChar(u'0' + digit);
+        else
+            result += character;
+        text = text.mid(character.size());
     }
-    return digits;
+    return result;
 }
 
 template <typename T>
@@ -145,25 +213,24 @@ QString timeText(const T &value, const QString &format, const QLocale &locale)
         return locale.toString(value, QLocale::ShortFormat);
     if (name.isEmpty() || (name.startsWith(u'{') && name.endsWith(u'}')))
         return locale.toString(value, QLocale::LongFormat);
-    return locale.toString(value, format);
+    return locale.toString(value, name);
 }
 
 bool isIndentedJson(const QString &format)
 {
-    return QStringView(format).trimmed() == u"{json:indent}";
+    return format == QStringLiteral("{json:indent}");
 }
 
 bool isJson(const QString &format)
 {
-    return QStringView(format).trimmed() == u"{json}" || isIndentedJson(format);
+    return format == QStringLiteral("{json}") || isIndentedJson(format);
 }
 
 QString jsonText(const QJsonDocument &document, const QString &format)
 {
-    const bool isIndented = isIndentedJson(format) || QStringView(format).trimmed() == u"{indent}";
+    const bool isIndented = isIndentedJson(format) || format == QStringLiteral("{indent}");
     return QString::fromUtf8(
-        document.toJson(isIndented ? QJsonDocument::Indented : QJsonDocument::Compact))
-        .trimmed();
+        document.toJson(isIndented ? QJsonDocument::Indented : QJsonDocument::Compact));
 }
 
 /// A blank follows, so that the text can be taken apart in spite of decimal commas.
@@ -172,34 +239,173 @@ QString separator(const QLocale &locale)
     return locale.decimalPoint() == u',' ? QStringLiteral("; ") : QStringLiteral(", ");
 }
 
+/// The text of a value that is no number. Where there is no overload, it is what Qt makes of it.
+/// @{
 template <typename T>
-constexpr bool isList = false;
-template <typename T>
-constexpr bool isList<QList<T>> = true;
-
-/// Whether \a value holds a T. Types that no one has registered are compared by their names: asking
-/// for an id would register this library's description of them, which the library does not outlive.
-template <typename T>
-bool holds(const QVariant &value)
+QString valueText(const T &value, const QString &, const QLocale &)
 {
-    constexpr auto type = QMetaType::fromType<T>();
-    return type.isRegistered() ? value.userType() == type.id()
-                               : qstrcmp(value.metaType().name(), type.name()) == 0;
+    return QVariant::fromValue(value).toString();
+}
+
+QString valueText(OperatingSystem value, const QString &, const QLocale &locale)
+{
+    return OperatingSystem_T::instance().toString(value, locale);
+}
+
+QString valueText(const QDate &value, const QString &format, const QLocale &locale)
+{
+    return timeText(value, format, locale);
+}
+
+QString valueText(const QTime &value, const QString &format, const QLocale &locale)
+{
+    return timeText(value, format, locale);
+}
+
+QString valueText(const QDateTime &value, const QString &format, const QLocale &locale)
+{
+    return timeText(value, format, locale);
+}
+
+QString valueText(const QJsonDocument &value, const QString &format, const QLocale &)
+{
+    return jsonText(value, format);
+}
+
+QString valueText(const QJsonObject &value, const QString &format, const QLocale &)
+{
+    return jsonText(QJsonDocument(value), format);
+}
+
+QString valueText(const QJsonArray &value, const QString &format, const QLocale &)
+{
+    return jsonText(QJsonDocument(value), format);
+}
+
+QString valueText(const QJsonValue &value, const QString &format, const QLocale &)
+{
+    if (value.isUndefined())
+        return {};
+    if (value.isObject())
+        return jsonText(QJsonDocument(value.toObject()), format);
+    if (value.isArray())
+        return jsonText(QJsonDocument(value.toArray()), format);
+    // Documents hold no other values by themselves.
+    const QString array = jsonText(QJsonDocument(QJsonArray{value}), QString());
+    return array.mid(1, array.size() - 2);
+}
+
+QString valueText(const SVersion &value, const QString &format, const QLocale &locale)
+{
+    QString text = usableFormat(format);
+    text.replace(MajorToken.text, locale.toString(value.major()));
+    text.replace(MinorToken.text, locale.toString(value.minor()));
+    text.replace(PatchToken.text, locale.toString(value.patch()));
+    return text;
+}
+/// @}
+
+/// What \a value holds, if that is a T, else null.
+template <typename T>
+const T *held(const QVariant &value)
+{
+    return MetaType::isSame(value.metaType(), QMetaType::fromType<T>())
+        ? static_cast<const T *>(value.constData())
+        : nullptr;
+}
+
+template <typename T, typename Visitor>
+bool visitOne(const QVariant &value, const Visitor &visitor)
+{
+    const T *const content = held<T>(value);
+    if (content)
+        visitor(*content);
+    return content != nullptr;
 }
 
 /// Calls \a visitor with what \a value holds, if it is one of the types.
 template <typename... T, typename Visitor>
 bool visit(STypeList<T...>, const QVariant &value, const Visitor &visitor)
 {
-    return (
-        (holds<T>(value) && (visitor(*static_cast<const T *>(value.constData())), true)) || ...);
+    return (visitOne<T>(value, visitor) || ...);
 }
 
-using ScalarTypes = STypeList<bool, int, double, qlonglong, uint, qulonglong, float, signed char,
-    uchar, short, ushort, long, ulong, QString>;
-using ListTypes = STypeList<QVariantList, QStringList, QList<bool>, QList<signed char>,
-    QList<uchar>, QList<short>, QList<ushort>, QList<int>, QList<uint>, QList<long>, QList<ulong>,
-    QList<qlonglong>, QList<qulonglong>, QList<float>, QList<double>, OperatingSystem>;
+/// Calls \a visitor with what \a value holds, if it is a list or a map of one of the types.
+template <typename... T, typename Visitor>
+bool visitContainer(STypeList<T...>, const QVariant &value, const Visitor &visitor)
+{
+    return (visitOne<QList<T>>(value, visitor) || ...)
+        || (visitOne<QMap<QString, T>>(value, visitor) || ...)
+        || (visitOne<QHash<QString, T>>(value, visitor) || ...)
+        || (visitOne<QList<QList<T>>>(value, visitor) || ...)
+        || (visitOne<QList<QList<QList<T>>>>(value, visitor) || ...);
+}
+
+template <typename First, typename... T>
+using ListAfter = STypeList<T...>;
+#define ENUM_NAME(Name) , Name
+/// The enumerations of the library.
+using LibraryEnums =
+    ListAfter<void TAVEX_META_ENUMS(ENUM_NAME, ENUM_NAME) TAVEX_OTHER_ENUMS(ENUM_NAME),
+        EnumTranslationOptions>;
+#undef ENUM_NAME
+
+/// The number of the enumeration value that \a value holds.
+QVariant enumNumber(const QVariant &value)
+{
+    constexpr int Signed[] = {
+        QMetaType::SChar, QMetaType::Short, QMetaType::Int, QMetaType::LongLong};
+    constexpr int Unsigned[] = {
+        QMetaType::UChar, QMetaType::UShort, QMetaType::UInt, QMetaType::ULongLong};
+    const QMetaType type = value.metaType();
+    const auto index = std::countr_zero(static_cast<quint64>(type.sizeOf()));
+    const bool isUnsigned = type.flags().testFlag(QMetaType::IsUnsignedEnumeration);
+    return QVariant(QMetaType((isUnsigned ? Unsigned : Signed)[index]), value.constData());
+}
+
+bool isEnum(const QVariant &value)
+{
+    return value.metaType().flags().testFlag(QMetaType::IsEnumeration);
+}
+
+/// The key of an enumeration that Qt's meta-object compiler knows; empty for any other.
+QString qtKey(const QVariant &value, const QVariant &number)
+{
+    const QMetaType type = value.metaType();
+    const QMetaObject *const scope = type.metaObject();
+    if (!scope)
+        return {};
+    QByteArray name(type.name());
+    name = name.mid(name.lastIndexOf(':') + 1);
+    if (name.endsWith('>'))
+        name.chop(1); // QFlags<Scope::Name>
+    const QMetaEnum keys = scope->enumerator(scope->indexOfEnumerator(name.constData()));
+    if (!keys.isValid())
+        return {};
+    return QString::fromUtf8(keys.isFlag() ? keys.valueToKeys(number.toInt())
+                                           : QByteArray(keys.valueToKey(number.toInt())));
+}
+
+/// The text of a value whose type is in no list here. Qt is asked without registering anything.
+QString foreignText(const QVariant &value, const QLocale &locale)
+{
+    const QMetaType type = MetaType::registered(value.metaType());
+    QString text;
+    if (type.isValid())
+        QMetaType::convert(type, value.constData(), QMetaType::fromType<QString>(), &text);
+    if (text.isEmpty() && isEnum(value)) {
+        const QVariant number = enumNumber(value);
+        text = qtKey(value, number);
+        if (text.isEmpty())
+            text = SConvert::toString(number, locale);
+    }
+    return text;
+}
+
+SVariantConvert::Converter converterOf(const QVariant &value)
+{
+    return SVariantConvert::sVariantToStringFunction(MetaType::registered(value.metaType()).id());
+}
 
 } // namespace
 
@@ -221,6 +427,45 @@ bool SConvert::toBool(const QString &text, const QLocale &locale)
     return isWord(trueKey);
 }
 
+bool SNumberConvert::convert(const QVariant &value, QMetaType type, void *result)
+{
+    if (const QMetaType from = MetaType::registered(value.metaType()); from.isValid())
+        return QMetaType::convert(from, value.constData(), type, result);
+    return isEnum(value) && convert(enumNumber(value), type, result);
+}
+
+QString SNumberConvert::plainText(const QString &text, const QLocale &locale)
+{
+    QString plain = inSignsOfC(text, locale);
+    QLocale c = QLocale::c();
+    c.setNumberOptions(locale.numberOptions());
+
+    bool ok = false;
+    const qlonglong integer = c.toLongLong(plain, &ok);
+    if (ok) {
+        const auto bits = static_cast<quint64>(integer);
+        const auto width = plain.size() - (integer < 0 ? 1 : 0);
+        if (text == locale.toString(integer)
+            || text == paddedText(integer < 0 ? 0 - bits : bits, integer < 0, width, 10, locale))
+            return plain;
+    }
+    const double real = c.toDouble(plain, &ok);
+    if (!ok)
+        return {};
+    // However it was written, the number of its decimals stands there.
+    const qsizetype point = plain.indexOf(u'.');
+    const qsizetype end = plain.indexOf(u'e');
+    const auto decimals = int(point < 0 ? 0 : (end < 0 ? plain.size() : end) - point - 1);
+    QLocale withoutGroups = locale;
+    withoutGroups.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
+    for (const QLocale &writer : {locale, withoutGroups}) {
+        if (text == shortestText(real, writer) || text == writer.toString(real, 'f', decimals)
+            || text == writer.toString(real, 'e', decimals))
+            return plain;
+    }
+    return {};
+}
+
 QString SConvert::integerText(
     quint64 magnitude, bool isNegative, const QString &format, const QLocale &locale)
 {
@@ -239,27 +484,17 @@ QString SConvert::integerText(
             return isNegative ? locale.toString(static_cast<qlonglong>(0 - magnitude))
                               : locale.toString(magnitude);
     }
-
-    QLocale plain = base == 10 ? locale : QLocale::c();
-    plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
-    const QString digits =
-        base == 10 ? plain.toString(magnitude) : QString::number(magnitude, base);
-    const QString zero = plain.zeroDigit();
-    const qsizetype zeros = width - digits.size() / zero.size();
-    return (isNegative ? plain.negativeSign() : QString())
-        + zero.repeated(std::max<qsizetype>(zeros, 0)) + digits;
+    return paddedText(magnitude, isNegative, width, base, base == 10 ? locale : QLocale::c());
 }
 
 QString SConvert::text(float value, const QString &format, const QLocale &locale)
 {
-    return realText(static_cast<double>(value), digitsOf(value), format, locale);
+    return realText(static_cast<double>(value), decimalOf(value), format, locale);
 }
 
 QString SConvert::text(double value, const QString &format, const QLocale &locale)
 {
-    if (format.isEmpty())
-        return locale.toString(value, 'g', QLocale::FloatingPointShortest);
-    return realText(value, QLocale::FloatingPointShortest, format, locale);
+    return format.isEmpty() ? shortestText(value, locale) : realText(value, value, format, locale);
 }
 
 QString SConvert::text(bool value, const QString &, const QLocale &locale)
@@ -268,149 +503,119 @@ QString SConvert::text(bool value, const QString &, const QLocale &locale)
     return locale.language() == QLocale().language() ? Bool_TR::instance().etr(key) : key;
 }
 
-QString SConvert::text(OperatingSystem value, const QString &, const QLocale &locale)
+/// \a value, or what it holds as a QVariantList or QVariantMap if that is a list or a map.
+QVariant SConvert::opened(const QVariant &value)
 {
-    return OperatingSystem_T::instance().toString(value, locale);
-}
-
-QString SConvert::text(const QString &value, const QString &, const QLocale &)
-{
-    return value;
-}
-
-QString SConvert::text(const QByteArray &value, const QString &, const QLocale &)
-{
-    return QString::fromUtf8(value);
-}
-
-QString SConvert::text(const QDate &value, const QString &format, const QLocale &locale)
-{
-    return timeText(value, format, locale);
-}
-
-QString SConvert::text(const QTime &value, const QString &format, const QLocale &locale)
-{
-    return timeText(value, format, locale);
-}
-
-QString SConvert::text(const QDateTime &value, const QString &format, const QLocale &locale)
-{
-    return timeText(value, format, locale);
-}
-
-QString SConvert::text(const QUrl &value, const QString &, const QLocale &)
-{
-    return value.toString();
-}
-
-QString SConvert::text(const QUuid &value, const QString &, const QLocale &)
-{
-    return value.toString();
-}
-
-QString SConvert::text(const QJsonDocument &value, const QString &format, const QLocale &)
-{
-    return jsonText(value, format);
-}
-
-QString SConvert::text(const QJsonObject &value, const QString &format, const QLocale &)
-{
-    return jsonText(QJsonDocument(value), format);
-}
-
-QString SConvert::text(const QJsonArray &value, const QString &format, const QLocale &)
-{
-    return jsonText(QJsonDocument(value), format);
-}
-
-QString SConvert::text(const QJsonValue &value, const QString &format, const QLocale &)
-{
-    if (value.isUndefined())
-        return {};
-    if (value.isObject())
-        return jsonText(QJsonDocument(value.toObject()), format);
-    if (value.isArray())
-        return jsonText(QJsonDocument(value.toArray()), format);
-    // Documents hold no other values by themselves.
-    const QString array = jsonText(QJsonDocument(QJsonArray{value}), QString());
-    return array.mid(1, array.size() - 2);
-}
-
-QString SConvert::text(const QVariantList &value, const QString &format, const QLocale &locale)
-{
-    if (isJson(format))
-        return jsonText(QJsonDocument(QJsonArray::fromVariantList(value)), format);
-    QStringList texts;
-    texts.reserve(value.size());
-    for (const QVariant &element : value)
-        texts.append(variantText(element, format, locale, true));
-    return texts.join(separator(locale));
-}
-
-QString SConvert::text(const QVariantMap &value, const QString &format, const QLocale &locale)
-{
-    if (isJson(format))
-        return jsonText(QJsonDocument(QJsonObject::fromVariantMap(value)), format);
-    QStringList texts;
-    texts.reserve(value.size());
-    for (auto entry = value.cbegin(); entry != value.cend(); ++entry)
-        texts.append(
-            entry.key() + QStringLiteral(": ") + variantText(entry.value(), format, locale, true));
-    return texts.join(separator(locale));
-}
-
-QString SConvert::text(const QVariantHash &value, const QString &format, const QLocale &locale)
-{
-    // In the order of the keys, so that the text does not change from run to run.
-    QVariantMap sorted;
-    for (auto entry = value.cbegin(); entry != value.cend(); ++entry)
-        sorted.insert(entry.key(), entry.value());
-    return text(sorted, format, locale);
-}
-
-QString SConvert::text(const QVariant &value, const QString &format, const QLocale &locale)
-{
-    return variantText(value, format, locale, false);
-}
-
-QString SConvert::variantText(
-    const QVariant &value, const QString &format, const QLocale &locale, bool isElement)
-{
-    if (const auto converter = SVariantConvert::sVariantToStringFunction(value.userType()))
-        return converter(value, format, locale);
-
-    QString result;
-    const auto write = [&]<typename T>(const T &held) {
+    QVariant result = value;
+    const auto take = [&]<typename T>(const T &content) {
         if constexpr (std::same_as<T, QVariant>)
-            result = variantText(held, format, locale, isElement);
-        else
-            result = text(held, format, locale);
-        if (isElement && isList<T>)
-            result = u'[' + result + u']';
-        else if (isElement && (std::same_as<T, QVariantMap> || std::same_as<T, QVariantHash>))
-            result = u'{' + result + u'}';
+            result = opened(content);
     };
-    if (visit(ScalarTypes(), value, write) || visit(STextTypes(), value, write)
-        || visit(ListTypes(), value, write))
+    const auto open = [&](const auto &content) { result = variant(content); };
+    if (visit(STextTypes(), value, take) || visitContainer(STextTypes(), value, open)
+        || visitContainer(LibraryEnums(), value, open))
         return result;
-
-    result = value.toString();
-    const QMetaType::TypeFlags flags = value.metaType().flags();
-    if (result.isEmpty() && flags.testFlag(QMetaType::IsEnumeration)) {
-        result = flags.testFlag(QMetaType::IsUnsignedEnumeration)
-            ? locale.toString(value.toULongLong())
-            : locale.toString(value.toLongLong());
-    }
+    // Others too, of which Qt knows how to reach the elements.
+    const QMetaType type = MetaType::registered(value.metaType());
+    if (!type.isValid() || QMetaType::canConvert(type, QMetaType::fromType<QString>()))
+        return result;
+    QVariantList list;
+    if (QMetaType::convert(type, value.constData(), QMetaType::fromType<QVariantList>(), &list))
+        return list;
+    QVariantMap map;
+    if (QMetaType::convert(type, value.constData(), QMetaType::fromType<QVariantMap>(), &map))
+        return map;
     return result;
 }
 
-QString SConvert::text(const SVersion &value, const QString &format, const QLocale &locale)
+QJsonValue SConvert::json(const QVariant &value)
 {
-    QString text = usableFormat(format);
-    text.replace(MajorToken.text, locale.toString(value.major()));
-    text.replace(MinorToken.text, locale.toString(value.minor()));
-    text.replace(PatchToken.text, locale.toString(value.patch()));
-    return text;
+    const QVariant content = opened(value);
+    if (const auto *const list = held<QVariantList>(content)) {
+        QJsonArray array;
+        for (const QVariant &element : *list)
+            array.append(json(element));
+        return array;
+    }
+    if (const auto *const map = held<QVariantMap>(content)) {
+        QJsonObject object;
+        for (auto entry = map->cbegin(); entry != map->cend(); ++entry)
+            object.insert(entry.key(), json(entry.value()));
+        return object;
+    }
+    QJsonValue result;
+    const auto write = [&]<typename T>(const T &number) {
+        if constexpr (SInteger<T>) {
+            // What more bits than a double has would lose in most programs that read it.
+            constexpr auto MaxExact = qlonglong(1) << 53;
+            const auto wide = widened(number);
+            if (std::cmp_less_equal(wide, MaxExact) && std::cmp_greater_equal(wide, -MaxExact))
+                result = static_cast<qint64>(wide);
+            else
+                result = QString::number(wide);
+        } else if constexpr (std::same_as<T, float>) {
+            result = decimalOf(number);
+        } else if constexpr (std::same_as<T, SVersion>) {
+            result = toString(number, QLocale::c());
+        } else {
+            result = QJsonValue::fromVariant(QVariant::fromValue(number));
+        }
+    };
+    if (visit(STextTypes(), content, write))
+        return result;
+    const QString text = variantText(content, QString(), QLocale::c());
+    return text.isEmpty() ? QJsonValue() : QJsonValue(text);
+}
+
+QString SConvert::variantText(const QVariant &value, const QString &format, const QLocale &locale)
+{
+    const auto converter = converterOf(value);
+    return converter ? converter(value, format, locale) : valueText(value, format, locale);
+}
+
+QString SConvert::valueText(const QVariant &value, const QString &format, const QLocale &locale)
+{
+    const QVariant content = opened(value);
+    const auto *const list = held<QVariantList>(content);
+    const auto *const map = held<QVariantMap>(content);
+    if ((list || map) && isJson(format)) {
+        const QJsonValue root = json(content);
+        return jsonText(
+            list ? QJsonDocument(root.toArray()) : QJsonDocument(root.toObject()), format);
+    }
+    if (list || map) {
+        const auto element = [&](const QVariant &e) { return elementText(e, format, locale); };
+        QStringList texts;
+        if (list) {
+            std::ranges::transform(*list, std::back_inserter(texts), element);
+        } else {
+            for (auto entry = map->cbegin(); entry != map->cend(); ++entry)
+                texts.append(entry.key() + QStringLiteral(": ") + element(entry.value()));
+        }
+        return texts.join(separator(locale));
+    }
+    QString result;
+    const auto write = [&]<typename T>(const T &single) {
+        if constexpr (SScalar<T>)
+            result = text(single, format, locale);
+        else
+            result = Quorvex::valueText(single, format, locale);
+    };
+    return visit(STextTypes(), content, write) || visitOne<OperatingSystem>(content, write)
+        ? result
+        : foreignText(content, locale);
+}
+
+/// As variantText(), but lists and maps are put in brackets.
+QString SConvert::elementText(const QVariant &value, const QString &format, const QLocale &locale)
+{
+    if (const auto converter = converterOf(value))
+        return converter(value, format, locale);
+    const QVariant content = opened(value);
+    const QString text = valueText(content, format, locale);
+    if (held<QVariantList>(content))
+        return u'[' + text + u']';
+    return held<QVariantMap>(content) ? u'{' + text + u'}' : text;
 }
 
 SVersion SConvert::toVersion(const QString &text, const QLocale &locale)
@@ -427,15 +632,10 @@ SVersion SConvert::toVersion(const QString &text, const QString &format, const Q
 SVersion SConvert::variantToVersion(
     const QVariant &value, const QString &format, const QLocale &locale)
 {
-    if (value.userType() == QMetaType::QString)
+    if (isText(value))
         return toVersion(value.toString(), format, locale);
-    const auto type = QMetaType::fromType<SVersion>();
-    if (value.metaType() == type)
-        return *static_cast<const SVersion *>(value.constData());
     SVersion version;
-    if (!QMetaType::convert(value.metaType(), value.constData(), type, &version))
-        return {};
-    return version;
+    return convert(value, QMetaType::fromType<SVersion>(), &version) ? version : SVersion();
 }
 
 QVariant SConvert::toVariant(const SVersion &version)

@@ -20,8 +20,6 @@ QT_FORWARD_DECLARE_CLASS(QUuid)
 
 namespace Quorvex {
 
-enum class OperatingSystem : quint32;
-
 /// A list of types.
 template <typename... T>
 struct STypeList
@@ -31,18 +29,22 @@ struct STypeList
     static constexpr bool contains = (std::same_as<T, U> || ...);
 };
 
-/// The types that SConvert::toString() knows beside scalars, enumerations, text and lists. Each has
-/// an overload of SConvert::text(), and may be held in a QVariant.
-using STextTypes = STypeList<QByteArray, QDate, QTime, QDateTime, QUrl, QUuid, QJsonDocument,
-    QJsonObject, QJsonArray, QJsonValue, QVariantMap, QVariantHash, QVariant, SVersion>;
+/// The types that SConvert::toString() knows beside enumerations, alone, in lists, in maps and in
+/// variants.
+using STextTypes = STypeList<bool, int, double, QString, qlonglong, uint, qulonglong, float,
+    signed char, uchar, short, ushort, long, ulong, QByteArray, QDate, QTime, QDateTime, QUrl,
+    QUuid, QJsonDocument, QJsonObject, QJsonArray, QJsonValue, SVersion, QVariant>;
 
 /// Whether T is an STextType.
 /// @{
 template <typename T>
-inline constexpr bool isTextType =
-    SScalar<T> || std::is_enum_v<T> || std::same_as<T, QString> || STextTypes::contains<T>;
+inline constexpr bool isTextType = std::is_enum_v<T> || STextTypes::contains<T>;
 template <typename T>
 inline constexpr bool isTextType<QList<T>> = isTextType<T>;
+template <typename T>
+inline constexpr bool isTextType<QMap<QString, T>> = isTextType<T>;
+template <typename T>
+inline constexpr bool isTextType<QHash<QString, T>> = isTextType<T>;
 /// @}
 
 /// A type whose values SConvert::toString() turns into text.
@@ -60,13 +62,14 @@ concept STextType = isTextType<T>;
 /// for notation and precision. Dates and times: "{short}", "{long}", "{iso}", or a pattern of Qt's.
 /// JSON: "{indent}" or "{json:indent}". Lists and maps: that of their elements, or "{json}" and
 /// "{json:indent}". Other types have no formats but SVersion. A format that cannot be used is taken
-/// as empty.
+/// as empty. Blanks around a format do not count, but for those of JSON, which have none.
 ///
 /// \par Versions
 /// In the format "{MM}", "{mm}" and "{pp}" stand for major, minor and patch; it is trimmed, and
 /// empty means "{MM}.{mm}.{pp}". To read a version, each of them takes one or two decimal digits
 /// and the rest of the format is a regular expression (so a dot stands for any character) that is
-/// searched anywhere in the text.
+/// searched anywhere in the text. The digits that are read are those of ASCII: where a locale has
+/// digits of its own, the text of a version is not read back.
 class TAVEX_EXPORT SConvert : public SNumberConvert
 {
 public:
@@ -85,33 +88,37 @@ public:
     template <std::same_as<QVariant> Variant>
     [[nodiscard]] static bool toBool(const Variant &value, const QLocale &locale = QLocale())
     {
-        if (value.userType() == QMetaType::QString)
+        if (isText(value))
             return toBool(value.toString(), locale);
         return fromVariant<bool>(value);
     }
 
     /// The text of \a value.
     ///
-    /// Without a format, numbers are what \a locale makes of them, reals with as many digits as it
-    /// takes to read them back; a `bool` is its word, which is translated in the language of the
-    /// default locale; bytes are UTF-8; dates and times are in the locale's long form; JSON is
-    /// compact; an enumeration is its key. The elements of lists are joined by ", ", or by "; "
-    /// where \a locale has a decimal comma. A QVariant of any of these is written as the value that
-    /// it holds, unless SVariantConvert has a converter for it; other types through QVariant.
+    /// Without a format, numbers are what \a locale makes of them; reals with as many digits as it
+    /// takes to read them back, plainly where the first digit stands for 1e-5 to 1e15, else with an
+    /// exponent; a `bool` is its word, which is translated in the language of the default locale;
+    /// bytes are UTF-8; dates and times are in the locale's long form; JSON is compact; an
+    /// enumeration is its key. The elements of lists are joined by ", ", or by "; " where \a locale
+    /// has a decimal comma. A QVariant of any of these is written as the value that it holds,
+    /// unless SVariantConvert has a converter for its type; of other types the text is what
+    /// QMetaType converts them to, and where that is nothing, what it knows to be their elements.
     /// @{
     template <STextType T>
     [[nodiscard]] static QString toString(const T &value, const QLocale &locale = QLocale())
     {
-        if constexpr (SInteger<T>)
-            return locale.toString(widened(value));
-        else
-            return text(value, QString(), locale);
+        return toString(value, QString(), locale);
     }
     template <STextType T>
     [[nodiscard]] static QString toString(
         const T &value, const QString &format, const QLocale &locale = QLocale())
     {
-        return text(value, format, locale);
+        if constexpr (SScalar<T>)
+            return text(value, format, locale);
+        else if constexpr (std::is_enum_v<T> || std::same_as<T, QVariant>)
+            return variantText(variant(value), format, locale);
+        else
+            return valueText(variant(value), format, locale);
     }
     /// @}
 
@@ -176,6 +183,40 @@ private:
             return qulonglong(value);
     }
 
+    /// \a value as a variant, whose lists and maps are those that every QVariant knows.
+    /// @{
+    template <typename T>
+    static QVariant variant(const T &value)
+    {
+        return QVariant::fromValue(value);
+    }
+    template <typename T>
+    static QVariant variant(const QList<T> &list)
+    {
+        QVariantList values;
+        values.reserve(list.size());
+        for (const T &value : list)
+            values.append(variant(value));
+        return values;
+    }
+    template <typename T>
+    static QVariant variant(const QMap<QString, T> &map)
+    {
+        QVariantMap values;
+        for (auto entry = map.cbegin(); entry != map.cend(); ++entry)
+            values.insert(entry.key(), variant(entry.value()));
+        return values;
+    }
+    template <typename T>
+    static QVariant variant(const QHash<QString, T> &hash)
+    {
+        QVariantMap values;
+        for (auto entry = hash.cbegin(); entry != hash.cend(); ++entry)
+            values.insert(entry.key(), variant(entry.value()));
+        return values;
+    }
+    /// @}
+
     template <SInteger T>
     static QString text(T value, const QString &format, const QLocale &locale)
     {
@@ -184,51 +225,18 @@ private:
         const auto bits = static_cast<quint64>(widened(value));
         return integerText(value < 0 ? 0 - bits : bits, value < 0, format, locale);
     }
-    template <typename E>
-    requires std::is_enum_v<E>
-    static QString text(E value, const QString &format, const QLocale &locale)
-    {
-        return text(QVariant::fromValue(value), format, locale);
-    }
-    template <STextType T>
-    static QString text(const QList<T> &list, const QString &format, const QLocale &locale)
-    {
-        QVariantList values;
-        values.reserve(list.size());
-        for (const T &value : list) {
-            if constexpr (SInteger<T>)
-                values.append(widened(value));
-            else
-                values.append(QVariant::fromValue(value));
-        }
-        return text(values, format, locale);
-    }
     static QString text(float value, const QString &format, const QLocale &locale);
     static QString text(double value, const QString &format, const QLocale &locale);
     static QString text(bool value, const QString &format, const QLocale &locale);
-    static QString text(OperatingSystem value, const QString &format, const QLocale &locale);
-    static QString text(const QString &value, const QString &format, const QLocale &locale);
-    static QString text(const QByteArray &value, const QString &format, const QLocale &locale);
-    static QString text(const QDate &value, const QString &format, const QLocale &locale);
-    static QString text(const QTime &value, const QString &format, const QLocale &locale);
-    static QString text(const QDateTime &value, const QString &format, const QLocale &locale);
-    static QString text(const QUrl &value, const QString &format, const QLocale &locale);
-    static QString text(const QUuid &value, const QString &format, const QLocale &locale);
-    static QString text(const QJsonDocument &value, const QString &format, const QLocale &locale);
-    static QString text(const QJsonObject &value, const QString &format, const QLocale &locale);
-    static QString text(const QJsonArray &value, const QString &format, const QLocale &locale);
-    static QString text(const QJsonValue &value, const QString &format, const QLocale &locale);
-    static QString text(const QVariantList &value, const QString &format, const QLocale &locale);
-    static QString text(const QVariantMap &value, const QString &format, const QLocale &locale);
-    static QString text(const QVariantHash &value, const QString &format, const QLocale &locale);
-    static QString text(const QVariant &value, const QString &format, const QLocale &locale);
-    static QString text(const SVersion &value, const QString &format, const QLocale &locale);
 
     static QString integerText(
         quint64 magnitude, bool isNegative, const QString &format, const QLocale &locale);
-    /// With \a isElement, lists and maps are put in brackets.
-    static QString variantText(
-        const QVariant &value, const QString &format, const QLocale &locale, bool isElement);
+    /// What a converter in SVariantConvert makes of \a value, else its valueText().
+    static QString variantText(const QVariant &value, const QString &format, const QLocale &locale);
+    static QString valueText(const QVariant &value, const QString &format, const QLocale &locale);
+    static QString elementText(const QVariant &value, const QString &format, const QLocale &locale);
+    static QJsonValue json(const QVariant &value);
+    static QVariant opened(const QVariant &value);
     static SVersion variantToVersion(
         const QVariant &value, const QString &format, const QLocale &locale);
 };

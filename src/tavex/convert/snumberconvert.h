@@ -1,12 +1,11 @@
 #pragma once
 
+#include <tavex/core/export.h>
 #include <tavex/core/snumber.h>
 
 #include <QLocale>
 #include <QString>
 #include <QVariant>
-
-#include <cmath>
 
 namespace Quorvex {
 
@@ -14,9 +13,9 @@ namespace Quorvex {
 template <typename T>
 concept SScalar = SNumber<T> || std::same_as<T, bool>;
 
-/// The numbers of SConvert: from other numbers, text and variants. All of it is in this header. A
-/// program for Windows would look in the DLL for the function objects of a class that is exported,
-/// where the compiler has no reason to put them.
+/// The numbers of SConvert: from other numbers, text and variants. The class is not exported as a
+/// whole. A program for Windows would look in the DLL for its function objects, where the compiler
+/// has no reason to put them.
 class SNumberConvert
 {
     /// What the conversions to all numbers share: those from values.
@@ -43,7 +42,7 @@ class SNumberConvert
 
         [[nodiscard]] T operator()(const QString &text, bool *ok, const QLocale &locale) const
         {
-            return static_cast<T>((locale.*InLocale)(text, ok));
+            return static_cast<T>(read<Parsed, InLocale>(text, ok, locale));
         }
         [[nodiscard]] T operator()(
             const QString &text, bool *ok, const QLocale &locale, int base) const
@@ -79,7 +78,7 @@ class SNumberConvert
         template <std::same_as<QVariant> Variant>
         [[nodiscard]] T operator()(const Variant &value, const QLocale &locale = QLocale()) const
         {
-            if (value.userType() == QMetaType::QString)
+            if (isText(value))
                 return (*this)(value.toString(), locale);
             return fromVariant<T>(value);
         }
@@ -93,7 +92,7 @@ class SNumberConvert
         [[nodiscard]] T operator()(
             const QString &text, bool *ok, const QLocale &locale = QLocale()) const
         {
-            return (locale.*InLocale)(text, ok);
+            return read<T, InLocale>(text, ok, locale);
         }
         [[nodiscard]] T operator()(const QString &text, const QLocale &locale = QLocale()) const
         {
@@ -102,7 +101,7 @@ class SNumberConvert
         template <std::same_as<QVariant> Variant>
         [[nodiscard]] T operator()(const Variant &value, const QLocale &locale = QLocale()) const
         {
-            if (value.userType() == QMetaType::QString)
+            if (isText(value))
                 return (*this)(value.toString(), locale);
             return fromVariant<T>(value);
         }
@@ -112,11 +111,13 @@ public:
     /// Each is called with
     /// - a number or a `bool`: integers wrap around, reals are truncated towards zero and take the
     ///   nearest limit where they do not fit; NaN gives 0;
-    /// - `(text [, ok] [, locale] [, base])`: base 10 is read as \a locale writes numbers, and
-    ///   every other base, up to 36, by the rules of C; base 0 takes "0x" and "0" as marks of the
+    /// - `(text [, ok] [, locale] [, base])`: base 10 is read by QLocale's rules, and so is what
+    ///   SConvert::toString() writes in \a locale where QLocale does not know its own signs; every
+    ///   other base, up to 36, is read by the rules of C; base 0 takes "0x" and "0" as marks of the
     ///   base. 0 and false in \a ok, which may be null, for text that is no number of the type;
-    /// - `(variant [, locale])`: text is read as above, other types go through QMetaType's
-    ///   conversions; 0 if there is none.
+    /// - `(variant [, locale])`: text is read as above, other types are what QMetaType::convert()
+    ///   makes of them, so that reals are rounded, and what does not fit an integer loses its high
+    ///   bits; 0 if there is no conversion.
     ///
     /// The 8-bit integers are the low 8 bits of the 16-bit ones: the text "300" gives 44.
     /// @{
@@ -139,23 +140,45 @@ public:
     /// @}
 
 protected:
+    /// Whether \a value holds text.
+    static bool isText(const QVariant &value)
+    {
+        // To ask a description for its number would register it.
+        const QMetaType type = value.metaType();
+        return type.isRegistered() && type.id() == QMetaType::QString;
+    }
+
     /// \a value, which holds no text, as QMetaType converts it.
     template <SScalar T>
     static T fromVariant(const QVariant &value)
     {
-        const auto type = QMetaType::fromType<T>();
-        if (value.metaType() == type)
-            return *static_cast<const T *>(value.constData());
-        if constexpr (SInteger<T>) {
-            // QMetaType rounds a real too, but cuts off the high bits of what does not fit.
-            const int from = value.userType();
-            if (from == QMetaType::Double || from == QMetaType::Float)
-                return saturated<T>(std::round(value.toDouble()));
-        }
         T result{};
-        QMetaType::convert(value.metaType(), value.constData(), type, &result);
+        convert(value, QMetaType::fromType<T>(), &result);
         return result;
     }
+
+    /// QMetaType::convert() of \a value into \a result. It registers nothing.
+    TAVEX_EXPORT static bool convert(const QVariant &value, QMetaType type, void *result);
+
+private:
+    template <typename T, T (QLocale::*InLocale)(QStringView, bool *) const>
+    static T read(const QString &text, bool *ok, const QLocale &locale)
+    {
+        bool isNumber = false;
+        T value = (locale.*InLocale)(text, &isNumber);
+        if (!isNumber) {
+            const QString plain = plainText(text, locale);
+            if (!plain.isEmpty())
+                value = (QLocale::c().*InLocale)(plain, &isNumber);
+        }
+        if (ok)
+            *ok = isNumber;
+        return value;
+    }
+
+    /// \a text as the C locale writes it, if it is to the letter what SConvert::toString() makes of
+    /// a number in \a locale; else an empty text.
+    TAVEX_EXPORT static QString plainText(const QString &text, const QLocale &locale);
 };
 
 } // namespace Quorvex

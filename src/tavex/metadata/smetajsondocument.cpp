@@ -1,5 +1,6 @@
 #include <tavex/metadata/smetajsondocument.h>
 
+#include <tavex/convert/sconvert.h>
 #include <tavex/metadata/metaclass_p.h>
 
 namespace Quorvex {
@@ -31,12 +32,9 @@ QString SMetaJsonDocument::name()
     return QStringLiteral("SMetaJsonDocument");
 }
 
-QString SMetaJsonDocument::toString(const QString &format, const QLocale &)
+QString SMetaJsonDocument::toString(const QString &format, const QLocale &locale)
 {
-    const bool indented =
-        format == QStringLiteral("{indent}") || format == QStringLiteral("{json:indent}");
-    return QString::fromUtf8(
-        m_value.toJson(indented ? QJsonDocument::Indented : QJsonDocument::Compact));
+    return SConvert::toString(m_value, format, locale);
 }
 
 bool SMetaJsonDocument::equalsTo(const IEquatable *other) const

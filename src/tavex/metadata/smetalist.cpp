@@ -3,22 +3,7 @@
 #include <tavex/convert/sconvert.h>
 #include <tavex/metadata/metaclass_p.h>
 
-#include <QStringList>
-
 namespace Quorvex {
-namespace {
-
-template <typename T>
-QString joined(const QList<T> &values, const QString &format, const QLocale &locale)
-{
-    QStringList texts;
-    texts.reserve(values.size());
-    for (const T &value : values)
-        texts.append(SConvert::toString(QVariant::fromValue(value), format, locale));
-    return texts.join(QStringLiteral(", "));
-}
-
-} // namespace
 
 #define DEFINE_META_LIST(Name, T)                                                                  \
     Name::Name(const QList<T> &values)                                                             \
@@ -43,7 +28,7 @@ QString joined(const QList<T> &values, const QString &format, const QLocale &loc
     }                                                                                              \
     QString Name::toString(const QString &format, const QLocale &locale)                           \
     {                                                                                              \
-        return joined(value(), format, locale);                                                    \
+        return SConvert::toString(value(), format, locale);                                                    \
     }                                                                                              \
     DEFINE_META_CLASS(Name)
 

@@ -32,7 +32,7 @@ namespace Quorvex {
                                                                                                    \
         /** Whether there is no element. */                                                        \
         [[nodiscard]] bool isEmpty() const override;                                               \
-        /** The elements, each as SConvert::toString() writes it, joined with ", ". */             \
+        /** The list as SConvert::toString() writes it. */                                         \
         [[nodiscard]] QString toString(const QString &format, const QLocale &locale) override;     \
         using IFormattable::toString;                                                              \
         [[nodiscard]] Name *clone() const override;                                                \
@@ -44,7 +44,7 @@ namespace Quorvex {
 
 /// \file
 /// Metadata values of a list of numbers or truth values, or of a single one. Their text is that of
-/// the elements, each written by SConvert::toString() in the given format, joined with ", ".
+/// the elements, each written by SConvert::toString() in the given format
 
 /// A list of signed 8-bit integers as metadata.
 TAVEX_META_LIST(SMetaListInt8, qint8);

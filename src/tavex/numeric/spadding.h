@@ -12,10 +12,9 @@ namespace Quorvex {
 
 /// The space around something: a QMarginsF that can be written as text and read.
 ///
-/// Unlike QMarginsF it compares its numbers exactly. The text is "left; top; right; bottom":
-/// numbers as the locale writes them, in the shortest form that reads back. Where Qt cannot read
-/// what the locale writes, it is the C locale's form instead. Reading takes both, with any space
-/// around a number.
+/// Unlike QMarginsF it compares its numbers exactly. The text is "left; top; right; bottom": numbers as
+/// SConvert::toString() writes them, without separators of groups. Reading allows blanks around a
+/// number.
 class SPadding
 {
 public:

@@ -12,9 +12,9 @@ namespace Quorvex {
 
 /// A rectangle: a QRectF that can be written as text and read.
 ///
-/// Unlike QRectF it compares its numbers exactly. The text is "x; y; width; height": numbers as the
-/// locale writes them, in the shortest form that reads back. Where Qt cannot read what the locale
-/// writes, it is the C locale's form instead. Reading takes both, with any space around a number.
+/// Unlike QRectF it compares its numbers exactly. The text is "x; y; width; height": numbers as
+/// SConvert::toString() writes them, without separators of groups. Reading allows blanks around a
+/// number.
 class SRectF
 {
 public:
