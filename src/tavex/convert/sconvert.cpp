@@ -21,6 +21,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <utility>
 
 namespace Quorvex {
 namespace {
@@ -519,6 +520,8 @@ QString SConvert::text(bool value, const QString &, const QLocale &locale)
 /// \a value, or what it holds as a QVariantList or QVariantMap if that is a list or a map.
 QVariant SConvert::opened(const QVariant &value, const QString &format, const QLocale &locale)
 {
+    if (held<QVariantList>(value) || held<QVariantMap>(value))
+        return value;
     QVariant result = value;
     const auto take = [&]<typename T>(const T &content) {
         if constexpr (std::same_as<T, QVariant>)
