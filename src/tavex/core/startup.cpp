@@ -3,6 +3,7 @@
 
 #include <tavex/application/s3rdparty.h>
 #include <tavex/convert/svariantconvert.h>
+#include <tavex/core/lasting_p.h>
 #include <tavex/core/sversion.h>
 #include <tavex/enums/binaryunit.h>
 #include <tavex/enums/bool.h>
@@ -24,6 +25,7 @@
 #include <QVariant>
 
 #include <array>
+#include <memory>
 
 // Every enumeration of the library. Those of the first list can be held in a QVariant and printed
 // from there as soon as the library is loaded; TRANSLATED ones have a translator too.
@@ -50,8 +52,8 @@
     }                                                                                              \
     const Name##_T &Name##_T::instance()                                                           \
     {                                                                                              \
-        static const Name##_T table;                                                               \
-        return table;                                                                              \
+        static constinit Lasting<Name##_T> table;                                                  \
+        return table.get([] { return std::unique_ptr<Name##_T>(new Name##_T); });                  \
     }                                                                                              \
     QString Name##_T::name() const                                                                 \
     {                                                                                              \
@@ -64,13 +66,12 @@
 
 #define DEFINE_TRANSLATED(Name)                                                                    \
     DEFINE_KEY_TABLE(Name)                                                                         \
-    Name##_TR::Name##_TR()                                                                         \
-    {                                                                                              \
-        translationRegister();                                                                     \
-    }                                                                                              \
     Name##_TR &Name##_TR::instance()                                                               \
     {                                                                                              \
-        static Name##_TR translator;                                                               \
+        static constinit Lasting<Name##_TR> home;                                                  \
+        Name##_TR &translator =                                                                    \
+            home.get([] { return std::unique_ptr<Name##_TR>(new Name##_TR); });                    \
+        translator.translationRegister(); /* Once it is there, a loader may use it. */             \
         return translator;                                                                         \
     }                                                                                              \
     QString Name##_TR::name() const                                                                \
@@ -150,6 +151,7 @@ public:
 
     ~Startup()
     {
+        LastingBase::destroyAll();
         unregisterResources();
         // Qt would go on pointing to descriptions of types that leave memory with the library.
         for (const QMetaType &type : m_types)
