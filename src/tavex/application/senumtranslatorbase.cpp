@@ -11,6 +11,7 @@
 #include <QTranslator>
 #include <QVarLengthArray>
 
+#include <algorithm>
 #include <optional>
 #include <shared_mutex>
 #include <thread>
@@ -61,12 +62,12 @@ constinit WordsLock wordsLock;
 class Latin1
 {
 public:
-    explicit Latin1(const QString &text)
+    explicit Latin1(QStringView text)
+        : m_bytes(text.size() + 1)
     {
-        m_bytes.reserve(text.size() + 1);
-        for (const QChar c : text)
-            m_bytes.append(c.unicode() > 0xFF ? '?' : c.toLatin1());
-        m_bytes.append('\0');
+        char *const end = std::transform(text.begin(), text.end(), m_bytes.begin(),
+            [](QChar c) { return c.unicode() > 0xFF ? '?' : c.toLatin1(); });
+        *end = '\0';
     }
     [[nodiscard]] const char *get() const { return m_bytes.constData(); }
 
@@ -100,25 +101,23 @@ struct Words
     [[nodiscard]] QString translate(
         const char *context, const QString &key, const EnumTranslationOptions &options) const
     {
-        const QString trimmed = key.trimmed();
-        const auto runtime = runtimeTexts.constFind(trimmed);
-        const bool hasRuntime = runtime != runtimeTexts.cend();
+        const Latin1 source(QStringView(key).trimmed());
         const auto lookUp = [&](const Catalogue &catalogue) {
-            return catalogue ? catalogue->translate(context, Latin1(trimmed).get()) : QString();
+            return catalogue ? catalogue->translate(context, source.get()) : QString();
         };
+        const bool isLocaleWanted = testAnyFlag(options, EnumTranslationOptions::TranslateLocale);
 
         QString text;
-        if (testAnyFlag(options, EnumTranslationOptions::TranslateLocale)) {
+        if (isLocaleWanted)
             text = lookUp(language);
-            if (text.isEmpty() && hasRuntime)
-                text = runtime->text;
-        }
-        if (testAnyFlag(options, EnumTranslationOptions::TranslateFallback) && text.isEmpty()) {
-            if (hasRuntime)
-                text = runtime->fallback;
-            if (text.isEmpty())
-                text = lookUp(english);
-        }
+        if (!text.isEmpty())
+            return text;
+        const QString trimmed = key.trimmed();
+        const Texts runtime = runtimeTexts.value(trimmed);
+        if (isLocaleWanted)
+            text = runtime.text;
+        if (testAnyFlag(options, EnumTranslationOptions::TranslateFallback) && text.isEmpty())
+            text = runtime.fallback.isEmpty() ? lookUp(english) : runtime.fallback;
         if (text.isEmpty() && !testAnyFlag(options, EnumTranslationOptions::NoKeyFallback))
             text = trimmed;
         return text;
@@ -160,9 +159,12 @@ struct SEnumTranslatorBase::Private
     auto lookUp(const SEnumTranslatorBase &translator, Function function) const
     {
         translator.loadFirst(FirstLoad::Now);
-        const QByteArray own = state == NotRegistered ? translator.name().toLatin1() : context;
+        QByteArray own;
+        if (state == NotRegistered)
+            own = translator.name().toLatin1();
+        const char *const source = own.isNull() ? context.constData() : own.constData();
         const std::shared_lock lock(wordsLock);
-        return function(isLoader() ? *draft : words, own.constData());
+        return function(isLoader() ? *draft : words, source);
     }
 
     /// Changes the words of now. What another thread is loading is changed as well, or the change
