@@ -1,4 +1,4 @@
-// The words of a key beside a bare look-up in the same catalogue, and an application's start beside
+// The words of a key beside Qt's look-up in the same catalogue, and an application's start beside
 // the catalogues that it has to load in any case.
 
 #include "harness.h"
@@ -10,6 +10,7 @@
 #include <tavex/SLocale>
 #include <tavex/TavexApplication>
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QLibraryInfo>
 
@@ -63,13 +64,19 @@ void translate(const Bench::Topic &topic)
     QTranslator catalogue;
     if (!catalogue.load(QStringLiteral(":/translations/BinaryUnit_de.qm")))
         Bench::Topic::fail(QStringLiteral("translate: the catalogue is missing"));
+    QCoreApplication::installTranslator(&catalogue);
     const BinaryUnit_TR &translator = BinaryUnit_TR::instance();
     topic.compare(
         "etr() of one key", translator.keys(),
         [&](const QString &key) { return translator.etr(key); },
-        Bench::Peer{"QTranslator::translate()", [&](const QString &key) {
-                        return catalogue.translate("BinaryUnit", key.toLatin1().constData());
-                    }});
+        Bench::Peer{"QCoreApplication::translate()",
+            [](const QString &key) {
+                return QCoreApplication::translate("BinaryUnit", key.toLatin1().constData());
+            }},
+        Bench::Yardstick{"QTranslator::translate(), no lock", [&](const QString &key) {
+                             return catalogue.translate("BinaryUnit", key.toLatin1().constData());
+                         }});
+    QCoreApplication::removeTranslator(&catalogue);
 
     for (const SEnumTranslatorBase *known :
         std::initializer_list<const SEnumTranslatorBase *>{&Bool_TR::instance(),

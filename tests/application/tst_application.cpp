@@ -7,6 +7,19 @@ const QLocale German(QLocale::German, QLocale::Germany);
 const QStringList Languages =
     string("bg cs de en es fr it nl pl pt ru sv tlh tr zh").split(QLatin1Char(' '));
 
+/// A global that uses the library to its end, and of the library what main() has used before.
+struct Global
+{
+    ~Global()
+    {
+        if (file.isEmpty())
+            return;
+        SFileHelper::deleteFileOnExit(file);
+        std::puts(qPrintable(SConvert::toString(true) + SConvert::toString(Bool::False)));
+    }
+    QString file;
+} global;
+
 /// What the program does when startsAgain() starts it: it adds its arguments and its folder to the
 /// file that the second argument names and, the first time, starts itself once more.
 int actAsChild(const QStringList &arguments)
@@ -194,6 +207,22 @@ private Q_SLOTS:
         QCOMPARE(page.count(string("<section")), 2);
     }
 
+    void servesGlobalsToTheirEnd()
+    {
+        for (const auto &[language, words] :
+            {std::pair("de", "WahrFalse\n"), {"", "TrueFalse\n"}}) {
+            QTemporaryFile file;
+            QVERIFY(file.open());
+            QProcess process;
+            process.start(QCoreApplication::applicationFilePath(),
+                {string("--global"), file.fileName(), string(language)});
+            QVERIFY(process.waitForFinished());
+            QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+            QCOMPARE(process.readAllStandardOutput().replace('\r', ""), words);
+            QVERIFY(!QFile::exists(file.fileName()));
+        }
+    }
+
     void startsAgain()
     {
         for (const auto &[option, exitCode] : {std::pair("--restart", 0), {"--reboot", 7}}) {
@@ -223,6 +252,12 @@ int main(int argc, char *argv[])
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.value(1).startsWith(QLatin1String("--re")))
         return actAsChild(arguments);
+    if (arguments.value(1) == QLatin1String("--global")) {
+        if (!arguments.value(3).isEmpty())
+            TavexApplication::init(QLocale(arguments.at(3)));
+        global.file = SFileHelper::deleteFileOnExit(arguments.value(2));
+        return SConvert::toString(true).isEmpty();
+    }
     TestApplication test;
     return QTest::qExec(&test, argc, argv);
 }

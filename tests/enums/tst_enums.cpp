@@ -65,8 +65,35 @@ public:
     }
     [[nodiscard]] QString name() const override { return string("Fruit"); }
 
-    static inline int loads = 0;
+    static inline std::atomic<int> loads = 0;
 };
+
+/// Makes words of the default language, and uses meanwhile what is being loaded.
+class BoolLoader : public ISEnumRuntimeLoader
+{
+public:
+    void load(SEnumTranslatorBase *translator) override
+    {
+        const QString language = SLocale::name(QLocale(), true);
+        translator->insert(string("A"), language, {});
+        seen = translator->etr(string("A,B")) + SConvert::toString(true);
+        meanwhile(translator);
+        translator->insert(string("B"), language, {});
+    }
+    void loadKeys(ISEnum *) override { seenKey = printed(Bool::True); }
+    [[nodiscard]] QString name() const override { return Bool_T::instance().name(); }
+
+    QString seen;
+    QString seenKey;
+    std::function<void(SEnumTranslatorBase *)> meanwhile = [](auto *) {};
+};
+
+/// What an application's enumeration has.
+Translator &madeAtFirstUse()
+{
+    static Translator translator("Other");
+    return translator;
+}
 
 } // namespace
 
@@ -75,7 +102,97 @@ class TestEnums : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { SEnumRuntimeLoader::loaderRegister(m_loader); }
     void init() { TavexApplication::init(QLocale(QLocale::German)); }
+
+    void loadersUseTheLibrary()
+    {
+        QCOMPARE(Bool_TR::instance().etr(string("A,B")), string("de, de"));
+        QCOMPARE(m_loader->seen, string("de, BWahr"));
+        QCOMPARE(m_loader->seenKey, string("True"));
+
+        // Another thread makes a translator for the first time, and init() a loader that uses it.
+        std::jthread other;
+        std::atomic<bool> isStarted = false;
+        const auto use = [] {
+            return madeAtFirstUse().etr(string("x"))
+                + ConcurrenceMode_TR::instance().etr(string("Half"));
+        };
+        m_loader->meanwhile = [&](auto *) {
+            other = std::jthread([&] {
+                isStarted = true;
+                static_cast<void>(use());
+            });
+            while (!isStarted)
+                std::this_thread::yield();
+            QTest::qSleep(20);
+            m_loader->seen = use();
+        };
+        TavexApplication::init(QLocale(QLocale::Dutch));
+        QCOMPARE(m_loader->seen, string("xDe helft"));
+
+        // One that goes takes no other one's turn.
+        m_loader->meanwhile = [](auto *) {};
+        auto gone = std::make_unique<Translator>("Gone");
+        const Translator going;
+        const Translator last;
+        m_loader->meanwhile = [&](auto *translator) {
+            if (translator == &going)
+                gone.reset();
+        };
+        TavexApplication::init(QLocale(QLocale::German));
+        m_loader->meanwhile = [](auto *) {};
+        QCOMPARE(last.etr(string("True")), string("Wahr"));
+    }
+
+    // Words are those of one language, whoever loads, looks up or changes.
+    void everythingAtOnce()
+    {
+        std::atomic<int> mixed = 0;
+        for (int round = 0; round < 20; ++round) {
+            const Fruit_T fruits;
+            Translator shared;
+            const auto times = [](int n, auto function) {
+                return [=] {
+                    for (int i = 0; i < n; ++i)
+                        function();
+                };
+            };
+            const auto look = times(60, [&] {
+                const QStringList words = shared.etr({string("True,False"), string("A,B")});
+                mixed += words != QStringList({string("Wahr, Falsch"), string("de, de")})
+                    && words != QStringList({string("Prawda, Fałsz"), string("pl, pl")});
+                static_cast<void>(SConvert::toString(true) + printed(Bool::False));
+                static_cast<void>(SConvert::toBool(string("Wahr")));
+                static_cast<void>(fruits.toString(Fruit(7)));
+            });
+            const auto init = [](QLocale::Language language) {
+                TavexApplication::init(QLocale(language));
+            };
+            together(look, look, look, times(3, [&] { init(QLocale::Polish); }),
+                times(3, [&] { init(QLocale::German); }),
+                times(20,
+                    [&] {
+                        const Translator own("Fruit");
+                        static_cast<void>(madeAtFirstUse().contains(string("Plum")));
+                        TavexApplication::translationRegister(&shared);
+                        static_cast<void>(TavexApplication::translations());
+                    }),
+                times(60,
+                    [&] {
+                        shared.insert(string("C"), string("c"), {});
+                        static_cast<void>(shared.remove(string("C")));
+                    }),
+                [&] {
+                    static_cast<void>(fruits.keys());
+                    static_cast<void>(BinaryUnit_TR::instance().etr(string("KiB")));
+                    static_cast<void>(OperatingSystemType_TR::instance().etr(string("Linux")));
+                    static_cast<void>(SEnumRuntimeLoader::loader(string("Bool")));
+                    static_cast<void>(SClassName::displayName(string("SMetaInt8")));
+                });
+        }
+        QCOMPARE(mixed, 0);
+    }
 
     // Known by name and printable before anything in this program asked for the id.
     void metaTypes()
@@ -201,6 +318,9 @@ private Q_SLOTS:
         QVERIFY(SEnumHelper::writeTranslatorXML(&device, string("x")));
         QVERIFY(!device.isOpen() && device.data() == "x");
     }
+
+private:
+    BoolLoader *m_loader = new BoolLoader;
 };
 
 QTEST_GUILESS_MAIN(TestEnums)
