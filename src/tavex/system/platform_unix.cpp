@@ -150,8 +150,9 @@ QString makeNamed(const QString &directory, const Make &make)
         const Descriptor folder(AT_FDCWD, nativePath, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
         if (folder < 0) {
             // A link is not followed: what it leads to is not the cache's.
-            const bool isOther = errno == ENOTDIR || errno == ELOOP;
-            if (errno != ENOENT && !(isOther && unlink(nativePath.constData()) == 0))
+            if (errno == ENOTDIR || errno == ELOOP)
+                unlink(nativePath.constData());
+            else if (errno != ENOENT)
                 break;
             continue;
         }

@@ -111,18 +111,23 @@ QString longPath(const QString &path)
     return text;
 }
 
-/// The directory at \a path, which stays what it is while it is open. None if there is something
-/// else: a link is not followed.
+/// Whether these are the attributes of a directory, and not of a link to one.
+bool isDirectory(DWORD attributes)
+{
+    return (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT))
+        == FILE_ATTRIBUTE_DIRECTORY;
+}
+
+/// The directory at \a path. While it is open it stays there. None if there is something else.
 Handle openDirectory(const QString &path)
 {
     Handle directory(
         CreateFileW(wide(path), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
             OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
     BY_HANDLE_FILE_INFORMATION information;
-    constexpr DWORD Kinds = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
     if (directory.get() != INVALID_HANDLE_VALUE
         && (!GetFileInformationByHandle(directory.get(), &information)
-            || (information.dwFileAttributes & Kinds) != FILE_ATTRIBUTE_DIRECTORY))
+            || !isDirectory(information.dwFileAttributes)))
         directory.reset(INVALID_HANDLE_VALUE);
     return directory;
 }
@@ -250,7 +255,7 @@ bool NewFile::createNamed()
     for (int i = 0; i < MaxTries; ++i) {
         if (!CreateDirectoryW(wide(nativePath), nullptr) && GetLastError() == ERROR_PATH_NOT_FOUND)
             return false;
-        Handle folder = openDirectory(nativePath);
+        const Handle folder = openDirectory(nativePath);
         if (folder.get() != INVALID_HANDLE_VALUE) {
             const QString path =
                 folderPath % QLatin1Char('/') % QUuid::createUuid().toString(QUuid::WithoutBraces);
@@ -263,13 +268,16 @@ bool NewFile::createNamed()
                 m_file = reinterpret_cast<std::intptr_t>(file);
                 return true;
             }
-            folder.reset(INVALID_HANDLE_VALUE);
         } else {
-            DeleteFileW(wide(nativePath));
+            // A link is not followed: what it leads to is not the cache's.
+            const DWORD attributes = GetFileAttributesW(wide(nativePath));
+            if (attributes != INVALID_FILE_ATTRIBUTES && !isDirectory(attributes)
+                && !DeleteFileW(wide(nativePath)))
+                RemoveDirectoryW(wide(nativePath));
         }
-        RemoveDirectoryW(wide(nativePath)); // Of a link to a directory that removes the link.
         Sleep(i < MaxTries / 2 ? 0 : 1);
     }
+    RemoveDirectoryW(wide(nativePath));
     return false;
 }
 
