@@ -104,11 +104,10 @@ Descriptor openForReading(const QString &path)
     return {path, O_RDONLY | O_NONBLOCK | O_NOCTTY};
 }
 
-/// -1 if it is no file.
-off_t sizeOf(int file)
+bool isFile(int file)
 {
     struct stat status;
-    return fstat(file, &status) == 0 && S_ISREG(status.st_mode) ? status.st_size : -1;
+    return fstat(file, &status) == 0 && S_ISREG(status.st_mode);
 }
 
 /// Some file systems tell only when a file is closed that there was no space for it. Closing a copy
@@ -259,7 +258,7 @@ bool makePrivateDirectory(const QString &path)
 bool openFile(QFile &file, const QString &path)
 {
     Descriptor source = openForReading(path);
-    if (sizeOf(source) < 0 || !file.open(source, QIODevice::ReadOnly, QFile::AutoCloseHandle))
+    if (!isFile(source) || !file.open(source, QIODevice::ReadOnly, QFile::AutoCloseHandle))
         return false;
     source.release();
     return true;
@@ -268,8 +267,10 @@ bool openFile(QFile &file, const QString &path)
 QByteArray readFile(const QString &path)
 {
     const Descriptor file = openForReading(path);
-    const off_t size = sizeOf(file);
-    if (size < 0)
+    // Half as long as fstat() takes. Of what is no file, nothing but a disk has a size.
+    constexpr off_t SmallestDisk = 1 << 18;
+    const off_t size = lseek(file, 0, SEEK_END);
+    if (size < 0 || (size >= SmallestDisk && !isFile(file)))
         return {};
     try {
         QByteArray data(size, Qt::Uninitialized);
