@@ -171,12 +171,14 @@ private Q_SLOTS:
     {
         SNvCache cache = open();
         QFile missing(m_path + string("/missing"));
+        QSaveFile saved(missing.fileName()); // Ends the process when it is closed.
         Value refuses([](QDataStream &stream) { return (stream << 1).status() != 0; });
         const auto check = [&](auto *source) {
             QVERIFY(cache.insert(Key, "v") && !cache.insert(Key, source) && cache.contains(Key));
             QCOMPARE(files(), QStringList());
         };
         check(&missing);
+        check(&saved);
         check(&refuses);
         const auto nothing = [&](auto *null) {
             QVERIFY(!cache.insert(Key, null) && !cache.value(Key, null));

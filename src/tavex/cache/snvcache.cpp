@@ -7,6 +7,7 @@
 #include <QCryptographicHash>
 #include <QDataStream>
 #include <QFile>
+#include <QSaveFile>
 #include <QStringBuilder>
 #include <QUuid>
 
@@ -59,11 +60,13 @@ bool streamTo(Platform::NewFile &file, const Write &write)
 /// SFileHelper::copyDevice(), which takes a source that cannot be opened for an empty one.
 bool copyFrom(QIODevice *source, QIODevice *target)
 {
-    const bool open = !source->isOpen();
-    const bool copied = (!open || source->open(QIODevice::ReadOnly))
-        && SFileHelper::copyDevice(target, source, ChunkSize);
-    if (open)
-        source->close();
+    if (source->isOpen())
+        return SFileHelper::copyDevice(target, source, ChunkSize);
+    // To close a QSaveFile ends the process.
+    if (qobject_cast<QSaveFile *>(source) || !source->open(QIODevice::ReadOnly))
+        return false;
+    const bool copied = SFileHelper::copyDevice(target, source, ChunkSize);
+    source->close();
     return copied;
 }
 
