@@ -20,6 +20,12 @@ const QString Key = QStringLiteral("key");
 const QString KeyFile =
     QStringLiteral("2c70e12b7a0646f92279f427c7b38e7334d8e5389cff167a1dc30e73f826b683");
 
+#ifdef Q_OS_WIN
+constexpr bool ReplacesOpen = false; ///< Whether a value that is being read can be replaced.
+#else
+constexpr bool ReplacesOpen = true;
+#endif
+
 /// Where files are that are not yet values.
 const QByteArray NewFolder = "new-c0e6a09c-c943-4039-94b5-ccaee60e32e8";
 
@@ -135,21 +141,22 @@ private:
             for (int i = 0; i < 100; ++i) {
                 threads.emplace_back([&, i] {
                     SNvCache cache = open();
+                    const QString own = QString::number(i);
+                    const QString shared = ReplacesOpen ? Key : own;
                     QByteArray value(10'000 + i, char(i));
                     QBuffer buffer(&value);
                     for (int round = 0; round < 5; ++round) {
-                        const bool isDone = cache.insert(Key, value)
-                            && cache.insert(QString::number(i), &buffer)
-                            && cache.value(QString::number(i)) == value;
-                        const QByteArray shared = cache.value(Key);
-                        const char writer = shared.isEmpty() ? '\0' : shared.front();
-                        failures += !isDone || shared != QByteArray(10'000 + uchar(writer), writer);
+                        const bool isDone = cache.insert(shared, value)
+                            && cache.insert(own, &buffer) && cache.value(own) == value;
+                        const QByteArray last = cache.value(shared);
+                        const int writer = last.isEmpty() ? 0 : last.front();
+                        failures += !isDone || last != QByteArray(10'000 + writer, char(writer));
                     }
                 });
             }
         }
         QCOMPARE(failures, 0);
-        QCOMPARE(all().size(), 1 + 100 + 1);
+        QCOMPARE(all().size(), 100 + ReplacesOpen + 1);
     }
 
     template <auto refuse>
@@ -272,10 +279,8 @@ private Q_SLOTS:
         QCOMPARE(cache.value(Key).toHex(), QByteArray("0000000100000002"));
     }
 
-    void writers()
-    {
-        useWriters();
-    }
+    void writers() { useWriters(); }
+
 #ifdef Q_OS_LINUX
     void writersWithNames()
     {
