@@ -279,7 +279,10 @@ private Q_SLOTS:
         QCOMPARE(cache.value(Key).toHex(), QByteArray("0000000100000002"));
     }
 
-    void writers() { useWriters(); }
+    void writers()
+    {
+        useWriters();
+    }
 
 #ifdef Q_OS_LINUX
     void writersWithNames()
