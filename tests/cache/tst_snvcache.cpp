@@ -335,7 +335,14 @@ private Q_SLOTS:
         for (const char *made : {"/far/a", "/far/a/b"})
             QCOMPARE(QFile::permissions(m_path + string(made)) & ~0xf000, mine);
         QCOMPARE(all(), QStringList({string("far"), string("link")}));
-        QVERIFY(SNvCache(string("x\0y"), QString(m_path + QChar(0))).isNull());
+        // A directory may be behind a link, and be removed while it is used.
+        QVERIFY(QFile::link(string("far"), m_path + string("/alias")));
+        SNvCache alias(string("alias"), m_path);
+        QVERIFY(alias.insert(Key, "v") && alias.insert(Key, "w") && alias.value(Key) == "w");
+        QCOMPARE(QDir(m_path + string("/far")).entryList(QDir::Files), QStringList{KeyFile});
+        QVERIFY(QDir(m_path + string("/far")).removeRecursively());
+        QVERIFY(!alias.insert(Key, "v") && alias.value(Key).isNull() && alias.remove(Key));
+        QVERIFY(SNvCache(string("x"), QString(m_path + QChar(0))).isNull());
         QVERIFY(QFile::link(string("nowhere"), m_path + string("/gone")));
         QVERIFY(SNvCache(string("gone"), m_path).isNull());
     }
