@@ -1,13 +1,11 @@
 // Inserts values into a cache for interrupted.sh, which kills it or lets calls of the system fail:
-// interrupted DIRECTORY COMMAND [STATUS]. With the status of an earlier run it exits with 1 if that
-// has left anything else than it should, and inserts the old values again. The command "open" ends
-// before that, "loop" never.
+// interrupted DIRECTORY COMMAND [STATUS]. With TAVEX_NAMED it has no files without a name. With the
+// status of an earlier run it exits with 1 if that has left anything else than it should, and
+// inserts the old values again. The command "open" ends before that.
 
-#include <tavex/ISerializable>
-#include <tavex/SNvCache>
+#include "forms.h"
+#include "refuse.h"
 
-#include <QBuffer>
-#include <QDataStream>
 #include <QDir>
 
 #include <cstdlib>
@@ -26,30 +24,6 @@ QByteArray valueOf(int i, int version)
     return {Sizes[i] * (3 - version) / 2, static_cast<char>('a' + 2 * i + version)};
 }
 
-/// Writes in small pieces and does not look whether they arrive.
-struct Careless : Quorvex::Interfaces::ISerializable
-{
-    bool read(QDataStream &) override { return false; }
-    bool write(QDataStream &stream) override
-    {
-        for (qsizetype i = 0; i < data.size(); i += 1000)
-            stream.device()->write(data.mid(i, 1000));
-        return true;
-    }
-    QByteArray data;
-};
-
-bool insert(Quorvex::SNvCache &cache, int i, int version)
-{
-    Careless object;
-    object.data = valueOf(i, version);
-    QBuffer buffer(&object.data);
-    const QString key = QString::number(i);
-    return i < 2 ? cache.insert(key, object.data)
-        : i == 2 ? cache.insert(key, &buffer)
-                 : cache.insert(key, &object);
-}
-
 /// A key that was inserted has its new value, one whose insertion failed the old one or none; a
 /// killed process leaves either of the two.
 bool check(const Quorvex::SNvCache &cache, int i, int status)
@@ -66,6 +40,8 @@ bool check(const Quorvex::SNvCache &cache, int i, int status)
 int main(int argc, char *argv[])
 {
     const std::string_view command(argv[2]);
+    if (qEnvironmentVariableIsSet("TAVEX_NAMED") && !refuseNamelessFiles())
+        return 1;
     const int before = argc > 3 ? std::atoi(argv[3]) : 0;
     int status = Finished;
     Quorvex::SNvCache cache(QStringLiteral("cache"), QString::fromLocal8Bit(argv[1]));
@@ -75,9 +51,7 @@ int main(int argc, char *argv[])
         good = good && check(cache, i, before);
     if (!good || command == "open")
         std::_Exit(!good);
-    do {
-        for (int i = 0; i < KeyCount; ++i)
-            status |= insert(cache, i, before ? 0 : 1) << i;
-    } while (command == "loop");
+    for (int i = 0; i < KeyCount; ++i)
+        status |= insert(cache, i, valueOf(i, before ? 0 : 1)) << i;
     return status;
 }

@@ -1,7 +1,8 @@
 #!/bin/sh
 # A cache whose process is killed, or for which a call of the system fails, at every single call in
-# turn, or whose disk is full after every 4 KiB: interrupted.sh PROGRAM. Takes about a minute; with
-# TAVEX_SWEEP=full every error is tried at every call, and more processes are killed at any time.
+# turn, with files that have no name and with others, or whose disk is full after every 4 KiB:
+# interrupted.sh PROGRAM. Takes about a minute; with TAVEX_SWEEP=full every error is tried at every
+# call.
 set -u
 program=$1
 dir=$(mktemp -d "$PWD/interrupted-XXXXXX")
@@ -44,32 +45,30 @@ sweep() {
     echo "$call: $last calls"
 }
 
-check 64 "nothing"
-if strace -o /dev/null true; then
-    all=
-    [ "${TAVEX_SWEEP-}" = full ] && all='EIO ENOSPC EMFILE'
+sweep_all() {
     sweep openat ${all:-EMFILE}
     sweep write ${all:-ENOSPC}
-    for call in close rename flock fcntl newfstatat; do
+    for call in close rename flock fcntl newfstatat linkat mkdir rmdir; do
         sweep $call ${all:-EIO}
     done
     also='-e inject=unlink:error=EIO' # What is left then cannot be removed.
     sweep write ENOSPC
     also=
+}
+
+check 64 "nothing"
+if strace -o /dev/null true; then
+    all=
+    [ "${TAVEX_SWEEP-}" = full ] && all='EIO ENOSPC EMFILE'
+    sweep_all
+    TAVEX_NAMED=1
+    export TAVEX_NAMED
+    check 64 "nothing"
+    sweep_all
+    unset TAVEX_NAMED
 else
     echo "Left out: strace cannot trace here"
 fi
-
-kills=50
-[ "${TAVEX_SWEEP-}" = full ] && kills=2000
-while [ $kills -gt 0 ]; do
-    "$program" "$dir" loop &
-    sleep 0.0$(od -An -N1 -tu1 /dev/urandom | tr -d ' ')
-    kill -9 $!
-    wait $! 2>/dev/null
-    check 137 "killed at any time"
-    kills=$((kills - 1))
-done
 
 if mount -t tmpfs -o size=4k tavex "$dir" 2>/dev/null; then
     umount "$dir"

@@ -1,11 +1,16 @@
 #include "common.h"
 
+#include <atomic>
 #include <csignal>
 #include <functional>
 #include <utility>
+#include <vector>
 
 #ifdef Q_OS_UNIX
+#include "refuse.h"
+
 #include <sys/resource.h>
+#include <sys/stat.h>
 #endif
 
 namespace {
@@ -14,6 +19,15 @@ const QString Key = QStringLiteral("key");
 /// SHA-256 of the key, by another program.
 const QString KeyFile =
     QStringLiteral("2c70e12b7a0646f92279f427c7b38e7334d8e5389cff167a1dc30e73f826b683");
+
+#ifdef Q_OS_WIN
+constexpr bool ReplacesOpen = false; ///< Whether a value that is being read can be replaced.
+#else
+constexpr bool ReplacesOpen = true;
+#endif
+
+/// Where files are that are not yet values.
+const QByteArray NewFolder = "new-c0e6a09c-c943-4039-94b5-ccaee60e32e8";
 
 /// Calls back when it is read or written.
 struct Value : Quorvex::Interfaces::ISerializable
@@ -36,13 +50,18 @@ class TestSNvCache : public QObject
 private:
     QTemporaryDir m_folder;
     QString m_path = m_folder.filePath(string("cache"));
+    QString m_new = m_path + u'/' + QLatin1String(NewFolder);
 
     template <typename Cache = SNvCache>
     [[nodiscard]] Cache open() const
     {
         return Cache(string("cache"), m_folder.path());
     }
-    void put(const char *name, const QByteArray &data) const
+    [[nodiscard]] QStringList all() const
+    {
+        return QDir(m_path).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
+    }
+    void put(const QByteArray &name, const QByteArray &data) const
     {
         QFile file(m_path + u'/' + QLatin1String(name));
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(data) == data.size());
@@ -97,6 +116,58 @@ private:
         QCOMPARE(Cache({}, m_folder.path()).name().remove(u'-').size(), 32);
     }
 
+    /// Of any number at a time nobody fails, and they leave nothing but values.
+    void useWriters()
+    {
+        init();
+        int depth = 0;
+        {
+            SNvCache cache = open();
+            const std::function<bool(QDataStream &)> dig = [&](QDataStream &stream) {
+                Value deeper(dig);
+                const QString key = QString::number(++depth % 500);
+                return (stream << 1).status() == 0 && (depth == 1000 || cache.insert(key, &deeper));
+            };
+            Value deepest(dig);
+            QVERIFY(cache.insert(Key, "old") && cache.insert(Key, &deepest));
+            QCOMPARE(all().size(), 501);
+            cache.clear();
+        }
+        QCOMPARE(all(), QStringList{string("index")});
+
+        std::atomic<int> failures = 0;
+        {
+            std::vector<std::jthread> threads;
+            for (int i = 0; i < 100; ++i) {
+                threads.emplace_back([&, i] {
+                    SNvCache cache = open();
+                    const QString own = QString::number(i);
+                    const QString shared = ReplacesOpen ? Key : own;
+                    QByteArray value(10'000 + i, char(i));
+                    QBuffer buffer(&value);
+                    for (int round = 0; round < 5; ++round) {
+                        const bool isDone = cache.insert(shared, value)
+                            && cache.insert(own, &buffer) && cache.value(own) == value;
+                        const QByteArray last = cache.value(shared);
+                        const int writer = last.isEmpty() ? 0 : last.front();
+                        failures += !isDone || last != QByteArray(10'000 + writer, char(writer));
+                    }
+                });
+            }
+        }
+        QCOMPARE(failures, 0);
+        QCOMPARE(all().size(), 100 + ReplacesOpen + 1);
+    }
+
+    template <auto refuse>
+    void refused()
+    {
+        std::thread([this] {
+            if (refuse())
+                useWriters();
+        }).join();
+    }
+
 private Q_SLOTS:
     void init() { QVERIFY(QDir(m_path).removeRecursively() && QDir().mkpath(m_path)); }
 
@@ -107,12 +178,14 @@ private Q_SLOTS:
     {
         SNvCache cache = open();
         QFile missing(m_path + string("/missing"));
+        QSaveFile saved(missing.fileName()); // Ends the process when it is closed.
         Value refuses([](QDataStream &stream) { return (stream << 1).status() != 0; });
         const auto check = [&](auto *source) {
             QVERIFY(cache.insert(Key, "v") && !cache.insert(Key, source) && cache.contains(Key));
             QCOMPARE(files(), QStringList());
         };
         check(&missing);
+        check(&saved);
         check(&refuses);
         const auto nothing = [&](auto *null) {
             QVERIFY(!cache.insert(Key, null) && !cache.value(Key, null));
@@ -182,11 +255,19 @@ private Q_SLOTS:
 
     void halfWritten()
     {
-        for (const char *name : {"new-0", "new-63", "new-64", "new-"})
-            put(name, "old");
+        // What has another name than the folder is the application's.
+        const QStringList own{string("new-"), string("new-0"), string("new-63")};
+        for (const QString &name : own)
+            put(name.toLatin1(), "own");
+        QVERIFY(QDir().mkpath(m_new));
+        put(NewFolder + "/left", "half");
+#ifdef Q_OS_UNIX
+        QVERIFY(QFile::link(string("nowhere"), m_new + string("/link")));
+        QVERIFY(mkfifo(QFile::encodeName(m_new + string("/fifo")), 0666) == 0);
+#endif
         put(KeyFile.toLatin1(), "old");
         SNvCache cache = open();
-        QCOMPARE(files(), QStringList({KeyFile, string("new-"), string("new-64")}));
+        QCOMPARE(all(), QStringList{KeyFile} + own);
 
         // While it is written, the old value is there, and no other cache takes it for a leftover.
         Value nested([&](QDataStream &stream) {
@@ -196,20 +277,90 @@ private Q_SLOTS:
         });
         QVERIFY(cache.insert(Key, &nested) && cache.count() == 2);
         QCOMPARE(cache.value(Key).toHex(), QByteArray("0000000100000002"));
-
-        QVERIFY(QFile::remove(m_path + string("/new-64")));
-        int depth = 0;
-        const std::function<bool(QDataStream &)> dig = [&](QDataStream &stream) {
-            Value deeper(dig);
-            const int level = ++depth;
-            return (stream << 1).status() == 0
-                && cache.insert(QString::number(level), &deeper) == (level < 64);
-        };
-        Value deepest(dig);
-        QVERIFY(cache.insert(Key, &deepest));
-        QCOMPARE(depth, 64);
-        QCOMPARE(cache.count(), 2 + 63);
     }
+
+    void writers()
+    {
+        useWriters();
+    }
+
+#ifdef Q_OS_LINUX
+    void writersWithNames()
+    {
+        refused<&refuseNamelessFiles>();
+        refused<&refuseLinks>();
+    }
+
+    void otherFiles()
+    {
+        const QString elsewhere = m_folder.filePath(string("elsewhere"));
+        QVERIFY(QDir().mkpath(elsewhere));
+        const auto insertsOver = [&](auto block) {
+            SNvCache cache = open();
+            QVERIFY(cache.insert(Key, "old") && block() && cache.insert(Key, "new"));
+            QVERIFY(cache.value(Key) == "new" && cache.insert(Key, "newer"));
+            QVERIFY(!all().contains(QLatin1String(NewFolder)));
+        };
+        // In place of the folder.
+        insertsOver([&] { return put(NewFolder, "a file"), true; });
+        insertsOver([&] { return QFile::link(string("nowhere"), m_new); });
+        insertsOver([&] { return QFile::link(elsewhere, m_new); });
+        QVERIFY(QDir(elsewhere).isEmpty());
+
+        // In place of the value, and of the index.
+        const QByteArray files[] = {QFile::encodeName(m_path + u'/' + KeyFile),
+            QFile::encodeName(m_path + string("/index"))};
+        Value accepts([](QDataStream &) { return true; });
+        const auto isNoValue = [&](auto make) {
+            QBuffer target;
+            for (const QByteArray &file : files)
+                QVERIFY((QFile::remove(QFile::decodeName(file)), make(file) == 0));
+            SNvCache cache = open();
+            QVERIFY(cache.isEmpty() && cache.value(Key).isNull() && !cache.value(Key, &accepts));
+            QVERIFY(!cache.value(Key, &target) && cache.insert(Key, "v"));
+            QCOMPARE(cache.value(Key), QByteArray("v"));
+        };
+        isNoValue([](const QByteArray &file) { return mkfifo(file, 0666); });
+        isNoValue([](const QByteArray &file) { return symlink("/dev/zero", file); });
+    }
+
+    void makesDirectories()
+    {
+        // Open to the user alone, and where the system sees them: ".." of a link is elsewhere.
+        QVERIFY(QDir(m_path).mkpath(string("far/off")));
+        QVERIFY(QFile::link(string("far/off"), m_path + string("/link")));
+        SNvCache cache(string("a/b"), m_path + string("/link/.."));
+        QVERIFY(cache.insert(Key, "v"));
+        const auto mine = QFile::ReadUser | QFile::WriteUser | QFile::ExeUser;
+        for (const char *made : {"/far/a", "/far/a/b"})
+            QCOMPARE(QFile::permissions(m_path + string(made)) & ~0xf000, mine);
+        QCOMPARE(all(), QStringList({string("far"), string("link")}));
+        // A directory may be behind a link, and be removed while it is used.
+        QVERIFY(QFile::link(string("far"), m_path + string("/alias")));
+        SNvCache alias(string("alias"), m_path);
+        QVERIFY(alias.insert(Key, "v") && alias.insert(Key, "w") && alias.value(Key) == "w");
+        QCOMPARE(QDir(m_path + string("/far")).entryList(QDir::Files), QStringList{KeyFile});
+        QVERIFY(QDir(m_path + string("/far")).removeRecursively());
+        QVERIFY(!alias.insert(Key, "v") && alias.value(Key).isNull() && alias.remove(Key));
+        QVERIFY(SNvCache(string("x"), QString(m_path + QChar(0))).isNull());
+        QVERIFY(QFile::link(string("nowhere"), m_path + string("/gone")));
+        QVERIFY(SNvCache(string("gone"), m_path).isNull());
+    }
+
+    // They have no size, and seem to be at their end before they are read.
+    void unsizedSources()
+    {
+        SNvCache cache = open();
+        QFile system(string("/proc/self/stat"));
+        QVERIFY(cache.insert(Key, &system) && cache.value(Key).contains("tst_snvcache"));
+        int ends[2];
+        QVERIFY(pipe(ends) == 0 && write(ends[1], "through", 7) == 7 && ::close(ends[1]) == 0);
+        QFile reader;
+        QVERIFY(reader.open(ends[0], QIODevice::ReadOnly, QFile::AutoCloseHandle));
+        QVERIFY(cache.insert(Key, &reader));
+        QCOMPARE(cache.value(Key), QByteArray("through"));
+    }
+#endif
 
     void foreignIndex()
     {

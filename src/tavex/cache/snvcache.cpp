@@ -6,8 +6,8 @@
 
 #include <QCryptographicHash>
 #include <QDataStream>
-#include <QDir>
 #include <QFile>
+#include <QSaveFile>
 #include <QStringBuilder>
 #include <QUuid>
 
@@ -17,26 +17,6 @@ namespace {
 constexpr int StreamVersion = QDataStream::Qt_5_6;
 constexpr quint64 ChunkSize = 32768;
 constexpr QUuid Magic(0xc0e6a09c, 0xc943, 0x4039, 0x94, 0xb5, 0xcc, 0xae, 0xe6, 0x0e, 0x32, 0xe8);
-
-/// So many files can be on their way in one directory. The names are few, so that what is left of
-/// them is found without listing a directory of many values.
-constexpr int NewFileLimit = 64;
-
-/// No name of a value: that is hexadecimal.
-QString newFilePath(const QString &directory, int number)
-{
-    return directory % QLatin1String("/new-") % QString::number(number);
-}
-
-/// Finds a free name in \a directory.
-bool create(Platform::NewFile &file, const QString &directory)
-{
-    for (int i = 0; i < NewFileLimit; ++i) {
-        if (file.create(newFilePath(directory, i)))
-            return true;
-    }
-    return false;
-}
 
 /// What devices and objects are written to. It remembers a failure that they may overlook: QFile
 /// itself forgets it at the next write.
@@ -80,11 +60,13 @@ bool streamTo(Platform::NewFile &file, const Write &write)
 /// SFileHelper::copyDevice(), which takes a source that cannot be opened for an empty one.
 bool copyFrom(QIODevice *source, QIODevice *target)
 {
-    const bool open = !source->isOpen();
-    const bool copied = (!open || source->open(QIODevice::ReadOnly))
-        && SFileHelper::copyDevice(target, source, ChunkSize);
-    if (open)
-        source->close();
+    if (source->isOpen())
+        return SFileHelper::copyDevice(target, source, ChunkSize);
+    // To close a QSaveFile ends the process.
+    if (qobject_cast<QSaveFile *>(source) || !source->open(QIODevice::ReadOnly))
+        return false;
+    const bool copied = SFileHelper::copyDevice(target, source, ChunkSize);
+    source->close();
     return copied;
 }
 
@@ -94,11 +76,10 @@ SNvCache::SNvCache(const QString &name, const QString &folder)
     : m_folder(folder)
     , m_name(name.isEmpty() ? QUuid::createUuid().toString(QUuid::WithoutBraces) : name)
 {
-    m_valid = QDir(QString()).mkpath(pathName());
+    m_valid = Platform::makePrivateDirectory(pathName());
     if (!m_valid)
         return;
-    for (int i = 0; i < NewFileLimit; ++i)
-        Platform::removeAbandonedFile(newFilePath(pathName(), i));
+    Platform::removeAbandonedFiles(pathName());
     if (!readIndex())
         m_index.clear();
 }
@@ -130,18 +111,15 @@ bool SNvCache::insert(const QString &key, Interfaces::ISerializable *object)
 
 bool SNvCache::value(const QString &key, QIODevice *target) const
 {
-    if (!m_valid || !target)
-        return false;
-    QFile source(pathName(hash(key)));
-    return copyFrom(&source, target);
+    QFile source;
+    return m_valid && target && Platform::openFile(source, pathName(hash(key)))
+        && SFileHelper::copyDevice(target, &source, ChunkSize);
 }
 
 bool SNvCache::value(const QString &key, Interfaces::ISerializable *object) const
 {
-    if (!m_valid || !object)
-        return false;
-    QFile file(pathName(hash(key)));
-    if (!file.open(QIODevice::ReadOnly))
+    QFile file;
+    if (!m_valid || !object || !Platform::openFile(file, pathName(hash(key))))
         return false;
     QDataStream stream(&file);
     stream.setVersion(StreamVersion);
@@ -179,7 +157,7 @@ bool SNvCache::store(const QString &key, bool removeUnopened, const Write &write
     const QByteArray digest = hash(key);
     {
         Platform::NewFile file;
-        const bool created = create(file, pathName());
+        const bool created = file.create(pathName());
         if (created && write(file) && file.moveTo(pathName(digest))) {
             m_index.insert(key, digest);
             return true;
@@ -220,8 +198,8 @@ bool SNvCache::removeFile(const QByteArray &digest) const
 
 bool SNvCache::readIndex()
 {
-    QFile file(pathName(QStringLiteral("index")));
-    if (!file.open(QIODevice::ReadOnly))
+    QFile file;
+    if (!Platform::openFile(file, pathName(QStringLiteral("index"))))
         return false;
     QDataStream stream(&file);
     stream.setVersion(StreamVersion);
@@ -245,7 +223,7 @@ bool SNvCache::readIndex()
 void SNvCache::writeIndex() const
 {
     Platform::NewFile file;
-    const bool written = create(file, pathName()) && streamTo(file, [&](QDataStream &stream) {
+    const bool written = file.create(pathName()) && streamTo(file, [&](QDataStream &stream) {
         stream << Magic << qint64{m_index.size()};
         for (auto entry = m_index.cbegin(); entry != m_index.cend(); ++entry)
             stream << entry.key() << entry.value();

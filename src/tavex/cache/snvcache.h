@@ -21,15 +21,15 @@ class ISerializable;
 /// new one, never a part, from any cache in any process, also when the writer is killed. Nothing is
 /// synchronised with the disk: after a loss of power values may be cut off or lost.
 ///
-/// Several caches may use one directory at a time; each knows the keys of its own insertions only,
-/// and up to 64 may write at the same moment. One object belongs to one thread at a time;
-/// SSafeNvCache is for several.
+/// Any number of caches may use one directory at a time; each knows the keys of its own insertions
+/// only. One object belongs to one thread at a time; SSafeNvCache is for several.
 class TAVEX_EXPORT SNvCache
 {
 public:
-    /// The cache in the directory "folder/name", which is made with all above it. \a name may have
-    /// separators and "..", and the directory is then what that path means: a name that comes from
-    /// outside has to be checked by the caller. An empty name stands for a new one, made of a UUID.
+    /// The cache in the directory "folder/name". That is made with all above it, under Linux open
+    /// to the user alone. \a name may have separators and "..", and the directory is then what that
+    /// path means: a name that comes from outside has to be checked by the caller. An empty name
+    /// stands for a new one, made of a UUID.
     ///
     /// What was inserted before can be read and removed, but contains(), keys(), count() and
     /// clear() know only what this object has inserted. What killed processes have left half

@@ -37,12 +37,28 @@ namespace Quorvex::Platform {
 /// minute where a program has to do it.
 [[nodiscard]] bool linkDirectory(const QString &link, const QString &folder);
 
-/// All that the file at \a path has; empty if it cannot be read to its end.
+/// Makes the directory \a path and all above it that is missing, open to the user alone. True also
+/// if there is one.
+[[nodiscard]] bool makePrivateDirectory(const QString &path);
+
+/// Opens the file at \a path for reading. A FIFO, a socket or a device is no file, and is not
+/// waited for.
+[[nodiscard]] bool openFile(QFile &file, const QString &path);
+
+/// All that the file at \a path has; empty if openFile() would not open it, or if it cannot be read
+/// to its end.
 [[nodiscard]] QByteArray readFile(const QString &path);
 
-/// A new file that is written under one name and then moved to another, where it appears whole.
-/// Until then removeAbandonedFile() in any process leaves it alone. It is removed if it has not
-/// been moved, unless the process ends first.
+/// The folder in \a directory in which its NewFiles have their names. It is there while one of them
+/// is. The name says whose it is: what else has it there is removed.
+inline QString newFilesFolder(const QString &directory)
+{
+    return directory + QLatin1String("/new-c0e6a09c-c943-4039-94b5-ccaee60e32e8");
+}
+
+/// A file that is written before it appears at its place, whole. Until then it has no name, or
+/// one of its own in newFilesFolder(), where removeAbandonedFiles() in any process leaves it alone.
+/// It is gone if it has not been moved, unless it has a name and the process is killed.
 class NewFile
 {
 public:
@@ -50,8 +66,8 @@ public:
     Q_DISABLE_COPY_MOVE(NewFile)
     ~NewFile();
 
-    /// False if there is a file at \a path, or if it cannot be made.
-    [[nodiscard]] bool create(const QString &path);
+    /// Makes it for a place in \a directory.
+    [[nodiscard]] bool create(const QString &directory);
 
     [[nodiscard]] bool write(const QByteArray &data) const;
 
@@ -63,12 +79,16 @@ public:
     [[nodiscard]] bool moveTo(const QString &path);
 
 private:
-    QString m_path;            ///< Empty if there is nothing to remove.
+    bool createNamed();
+    bool copyNamed();
+
+    QString m_directory;
+    QString m_path;            ///< Empty while it has no name.
     std::intptr_t m_file = -1; ///< The system's own number of the open file.
 };
 
-/// Removes the NewFile at \a path that a process has left there when it was killed.
-void removeAbandonedFile(const QString &path);
+/// Removes the NewFiles that killed processes have left in \a directory.
+void removeAbandonedFiles(const QString &directory);
 
 [[nodiscard]] bool isKernel64Bit();
 

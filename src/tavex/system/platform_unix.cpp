@@ -6,8 +6,10 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QStringBuilder>
 #include <QStringList>
 #include <QSysInfo>
+#include <QUuid>
 
 #include <cerrno>
 #include <cstdio>
@@ -16,6 +18,7 @@
 #include <utility>
 #include <vector>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <linux/cdrom.h>
 #include <pwd.h>
@@ -23,6 +26,7 @@
 #include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/mount.h>
+#include <sys/sendfile.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -30,6 +34,7 @@ namespace Quorvex::Platform {
 namespace {
 
 constexpr int MaxProcessors = 1 << 20;
+constexpr std::size_t ChunkSize = 1 << 30;
 
 int onlineProcessors()
 {
@@ -59,7 +64,11 @@ class Descriptor
 {
 public:
     Descriptor(const QString &path, int flags, mode_t mode = 0)
-        : m_number(open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, mode))
+        : Descriptor(AT_FDCWD, QFile::encodeName(path), flags, mode)
+    {
+    }
+    Descriptor(int folder, const QByteArray &name, int flags, mode_t mode = 0)
+        : m_number(openat(folder, name.constData(), flags | O_CLOEXEC, mode))
     {
     }
     Q_DISABLE_COPY_MOVE(Descriptor)
@@ -81,6 +90,98 @@ private:
 bool lock(int file)
 {
     return flock(file, LOCK_EX | LOCK_NB) == 0;
+}
+
+bool isDirectory(const QString &path)
+{
+    struct stat status;
+    return stat(QFile::encodeName(path).constData(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+/// A file to be read. Without a writer a FIFO would keep who opens it waiting.
+Descriptor openForReading(const QString &path)
+{
+    return {path, O_RDONLY | O_NONBLOCK | O_NOCTTY};
+}
+
+bool isFile(int file)
+{
+    struct stat status;
+    return fstat(file, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+/// Some file systems tell only when a file is closed that there was no space for it. Closing a copy
+/// tells the same, and the file stays open and locked.
+bool hasArrived(int file)
+{
+    const int copy = fcntl(file, F_DUPFD_CLOEXEC, 0);
+    return copy >= 0 && close(copy) == 0;
+}
+
+/// Gives \a file a name, which nothing may have yet.
+bool giveName(int file, int folder, const QByteArray &name)
+{
+    if (linkat(file, "", folder, name.constData(), AT_EMPTY_PATH) == 0)
+        return true;
+    // Linux before 6.10 lets only the administrator do that.
+    return errno == ENOENT
+        && linkat(AT_FDCWD, ("/proc/self/fd/" + QByteArray::number(file)).constData(), folder,
+               name.constData(), AT_SYMLINK_FOLLOW)
+        == 0;
+}
+
+/// Lets \a make make a file in newFilesFolder(): it gets the open folder and a name that nobody
+/// else has. Returns its path; empty if there is none.
+template <typename Make>
+QString makeNamed(const QString &directory, const Make &make)
+{
+    // A writer that has done removes the folder, unless it has another's file. So it may vanish
+    // until there is ours. That is never for long, but some may be ahead of this one time and
+    // again.
+    constexpr int MaxTries = 1000;
+
+    const QString folderPath = newFilesFolder(directory);
+    const QByteArray nativePath = QFile::encodeName(folderPath);
+    for (int i = 0; i < MaxTries; ++i) {
+        const bool isMade = mkdir(nativePath.constData(), 0777) == 0;
+        if (!isMade && errno != EEXIST)
+            return {};
+        const Descriptor folder(AT_FDCWD, nativePath, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+        if (folder < 0) {
+            // A link is not followed: what it leads to is not the cache's.
+            if (errno == ENOTDIR || errno == ELOOP)
+                unlink(nativePath.constData());
+            else if (errno != ENOENT)
+                break;
+            continue;
+        }
+        // Who may write to the directory may write to the folder.
+        struct stat status;
+        if (isMade && stat(QFile::encodeName(directory).constData(), &status) == 0
+            && (status.st_mode & (S_IWGRP | S_IWOTH)) != 0)
+            (void)fchmod(folder, status.st_mode & 0777);
+        const QByteArray name = QUuid::createUuid().toByteArray(QUuid::WithoutBraces);
+        if (make(folder, name))
+            return folderPath % QLatin1Char('/') % QLatin1String(name);
+        if (errno != ENOENT)
+            break;
+    }
+    rmdir(nativePath.constData());
+    return {};
+}
+
+void removeAbandonedFile(int folder, const char *name)
+{
+    struct stat status;
+    if (fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0 || S_ISDIR(status.st_mode))
+        return;
+    if (S_ISREG(status.st_mode)) {
+        const Descriptor file(folder, name, O_RDWR | O_NOFOLLOW | O_NONBLOCK);
+        if (file >= 0 && lock(file))
+            unlinkat(folder, name, 0);
+    } else {
+        unlinkat(folder, name, 0);
+    }
 }
 
 } // namespace
@@ -135,11 +236,41 @@ bool linkDirectory(const QString &link, const QString &folder)
     return QFile::link(QFileInfo(folder).absoluteFilePath(), link);
 }
 
+bool makePrivateDirectory(const QString &path)
+{
+    if (path.contains(QChar::Null))
+        return false;
+    const auto make = [&] { return mkdir(QFile::encodeName(path).constData(), 0700) == 0; };
+    if (make())
+        return true;
+    if (errno == ENOENT) {
+        // Not QDir::mkpath(), to which "link/.." is where the link is.
+        qsizetype end = path.size();
+        while (end > 1 && path.at(end - 1) == QLatin1Char('/'))
+            --end;
+        const qsizetype slash = path.lastIndexOf(QLatin1Char('/'), end - 1);
+        if (slash > 0 && makePrivateDirectory(path.left(slash)) && make())
+            return true;
+    }
+    return isDirectory(path);
+}
+
+bool openFile(QFile &file, const QString &path)
+{
+    Descriptor source = openForReading(path);
+    if (!isFile(source) || !file.open(source, QIODevice::ReadOnly, QFile::AutoCloseHandle))
+        return false;
+    source.release();
+    return true;
+}
+
 QByteArray readFile(const QString &path)
 {
-    const Descriptor file(path, O_RDONLY);
-    const off_t size = lseek(file, 0, SEEK_END); // Half as long as fstat() takes.
-    if (size < 0)
+    const Descriptor file = openForReading(path);
+    // Half as long as fstat() takes. Of what is no file, nothing but a disk has a size.
+    constexpr off_t SmallestDisk = 1 << 18;
+    const off_t size = lseek(file, 0, SEEK_END);
+    if (size < 0 || (size >= SmallestDisk && !isFile(file)))
         return {};
     try {
         QByteArray data(size, Qt::Uninitialized);
@@ -158,24 +289,54 @@ QByteArray readFile(const QString &path)
 
 NewFile::~NewFile()
 {
-    if (!m_path.isEmpty())
+    if (!m_path.isEmpty()) {
         unlink(QFile::encodeName(m_path).constData());
+        rmdir(QFile::encodeName(newFilesFolder(m_directory)).constData());
+    }
     if (m_file >= 0)
         close(static_cast<int>(m_file));
 }
 
-bool NewFile::create(const QString &path)
+bool NewFile::create(const QString &directory)
 {
-    Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL, 0666);
-    if (file < 0 || (!lock(file) && errno == EWOULDBLOCK))
-        return false;
-    // removeAbandonedFile() may have found it before it was locked.
-    struct stat status;
-    if (fstat(file, &status) != 0 || status.st_nlink == 0)
-        return false;
-    m_path = path;
-    m_file = file.release();
-    return true;
+    m_directory = directory;
+    m_file = Descriptor(directory, O_RDWR | O_TMPFILE, 0666).release();
+    return m_file >= 0 || createNamed();
+}
+
+bool NewFile::createNamed()
+{
+    m_path = makeNamed(m_directory, [&](int folder, const QByteArray &name) {
+        Descriptor file(folder, name, O_WRONLY | O_CREAT | O_EXCL, 0666);
+        if (file < 0)
+            return false;
+        // removeAbandonedFiles() may have found it before it was locked.
+        struct stat status;
+        const bool isRemoved = (!lock(file) && errno == EWOULDBLOCK)
+            || (fstat(file, &status) == 0 && status.st_nlink == 0);
+        if (isRemoved) {
+            errno = ENOENT;
+            return false;
+        }
+        m_file = file.release();
+        return true;
+    });
+    return !m_path.isEmpty();
+}
+
+/// For file systems that make files without a name and cannot give them one.
+bool NewFile::copyNamed()
+{
+    const int nameless = static_cast<int>(std::exchange(m_file, -1));
+    ssize_t count = -1;
+    if (createNamed()) {
+        off_t offset = 0;
+        do {
+            count = sendfile(static_cast<int>(m_file), nameless, &offset, ChunkSize);
+        } while (count > 0 || (count < 0 && errno == EINTR));
+    }
+    close(nameless);
+    return count == 0 && hasArrived(static_cast<int>(m_file));
 }
 
 bool NewFile::write(const QByteArray &data) const
@@ -197,29 +358,40 @@ bool NewFile::open(QFile &device) const
 
 bool NewFile::moveTo(const QString &path)
 {
-    // Some file systems tell only when a file is closed that there was no space for it. Closing a
-    // copy tells the same, and the lock stays.
-    const int copy = fcntl(static_cast<int>(m_file), F_DUPFD_CLOEXEC, 0);
-    if (copy < 0 || close(copy) != 0
-        || rename(QFile::encodeName(m_path).constData(), QFile::encodeName(path).constData()) != 0)
+    const QByteArray target = QFile::encodeName(path);
+    const int file = static_cast<int>(m_file);
+    if (!hasArrived(file))
+        return false;
+    if (m_path.isEmpty()) {
+        if (giveName(file, AT_FDCWD, target))
+            return true;
+        // A link does not replace what is there, a name that is moved does.
+        if (errno == EEXIST) {
+            (void)lock(file);
+            m_path = makeNamed(m_directory,
+                [&](int folder, const QByteArray &name) { return giveName(file, folder, name); });
+        }
+        if (m_path.isEmpty() && !copyNamed())
+            return false;
+    }
+    if (rename(QFile::encodeName(m_path).constData(), target.constData()) != 0)
         return false;
     m_path.clear();
+    rmdir(QFile::encodeName(newFilesFolder(m_directory)).constData());
     return true;
 }
 
-void removeAbandonedFile(const QString &path)
+void removeAbandonedFiles(const QString &directory)
 {
-    const QByteArray name = QFile::encodeName(path);
-    const Descriptor file(path, O_RDWR | O_NOFOLLOW | O_NONBLOCK);
-    if (file < 0 || !lock(file))
+    const QString path = newFilesFolder(directory);
+    Descriptor file(path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+    const std::unique_ptr<DIR, int (*)(DIR *)> folder(fdopendir(file), &closedir);
+    if (!folder)
         return;
-    // By now its writer may have moved it and made another of this name. Under the lock the name
-    // can no longer change hands.
-    struct stat opened;
-    struct stat named;
-    if (fstat(file, &opened) == 0 && lstat(name.constData(), &named) == 0
-        && opened.st_ino == named.st_ino && opened.st_dev == named.st_dev)
-        unlink(name.constData());
+    const int number = file.release(); // closedir() closes it.
+    while (const dirent *entry = readdir(folder.get()))
+        removeAbandonedFile(number, entry->d_name);
+    rmdir(QFile::encodeName(path).constData());
 }
 
 bool isKernel64Bit()

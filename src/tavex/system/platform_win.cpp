@@ -6,6 +6,8 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QSettings>
+#include <QStringBuilder>
+#include <QUuid>
 
 #include <array>
 #include <bit>
@@ -109,6 +111,27 @@ QString longPath(const QString &path)
     return text;
 }
 
+/// Whether these are the attributes of a directory, and not of a link to one.
+bool isDirectory(DWORD attributes)
+{
+    return (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT))
+        == FILE_ATTRIBUTE_DIRECTORY;
+}
+
+/// The directory at \a path. While it is open it stays there. None if there is something else.
+Handle openDirectory(const QString &path)
+{
+    Handle directory(
+        CreateFileW(wide(path), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+            OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+    BY_HANDLE_FILE_INFORMATION information;
+    if (directory.get() != INVALID_HANDLE_VALUE
+        && (!GetFileInformationByHandle(directory.get(), &information)
+            || !isDirectory(information.dwFileAttributes)))
+        directory.reset(INVALID_HANDLE_VALUE);
+    return directory;
+}
+
 } // namespace
 
 QString commonDataFolder()
@@ -180,6 +203,17 @@ bool linkDirectory(const QString &link, const QString &folder)
         && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 
+bool makePrivateDirectory(const QString &path)
+{
+    return QDir(QString()).mkpath(path); // For whom it is open, the one above it tells.
+}
+
+bool openFile(QFile &file, const QString &path)
+{
+    file.setFileName(path);
+    return file.open(QIODevice::ReadOnly);
+}
+
 QByteArray readFile(const QString &path)
 {
     QFile file(path);
@@ -200,18 +234,51 @@ NewFile::~NewFile()
     if (!m_path.isEmpty())
         DeleteFileW(wide(longPath(m_path)));
     HandleCloser()(reinterpret_cast<HANDLE>(m_file));
+    if (!m_path.isEmpty())
+        RemoveDirectoryW(wide(longPath(newFilesFolder(m_directory))));
 }
 
-bool NewFile::create(const QString &path)
+bool NewFile::create(const QString &directory)
 {
-    // It shares everything, so that it can be moved. That it is open at all keeps it.
-    const HANDLE file = CreateFileW(wide(longPath(path)), GENERIC_WRITE,
-        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, CREATE_NEW, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE)
-        return false;
-    m_path = path;
-    m_file = reinterpret_cast<std::intptr_t>(file);
-    return true;
+    m_directory = directory;
+    return createNamed();
+}
+
+bool NewFile::createNamed()
+{
+    // A writer that has done removes the folder, unless it has another's file. While it does, all
+    // that others do there may fail.
+    constexpr int MaxTries = 100;
+
+    const QString folderPath = newFilesFolder(m_directory);
+    const QString nativePath = longPath(folderPath);
+    for (int i = 0; i < MaxTries; ++i) {
+        if (!CreateDirectoryW(wide(nativePath), nullptr) && GetLastError() == ERROR_PATH_NOT_FOUND)
+            return false;
+        const Handle folder = openDirectory(nativePath);
+        if (folder.get() != INVALID_HANDLE_VALUE) {
+            const QString path =
+                folderPath % QLatin1Char('/') % QUuid::createUuid().toString(QUuid::WithoutBraces);
+            // It shares everything, so that it can be moved. That it is open at all keeps it.
+            const HANDLE file = CreateFileW(wide(longPath(path)), GENERIC_WRITE,
+                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, CREATE_NEW, 0,
+                nullptr);
+            if (file != INVALID_HANDLE_VALUE) {
+                m_path = path;
+                m_file = reinterpret_cast<std::intptr_t>(file);
+                return true;
+            }
+        } else {
+            // A link is not followed: what it leads to is not the cache's.
+            const DWORD attributes = GetFileAttributesW(wide(nativePath));
+            if (attributes != INVALID_FILE_ATTRIBUTES && !isDirectory(attributes)
+                && !DeleteFileW(wide(nativePath)))
+                RemoveDirectoryW(wide(nativePath));
+        }
+        Sleep(i < MaxTries / 2 ? 0 : 1);
+    }
+    RemoveDirectoryW(wide(nativePath));
+    return false;
 }
 
 bool NewFile::write(const QByteArray &data) const
@@ -240,14 +307,31 @@ bool NewFile::moveTo(const QString &path)
     if (!MoveFileExW(wide(longPath(m_path)), wide(longPath(path)), MOVEFILE_REPLACE_EXISTING))
         return false;
     m_path.clear();
+    RemoveDirectoryW(wide(longPath(newFilesFolder(m_directory))));
     return true;
 }
 
-void removeAbandonedFile(const QString &path)
+void removeAbandonedFiles(const QString &directory)
 {
-    // Sharing nothing, this fails while anybody has the file open.
-    const Handle file(CreateFileW(wide(longPath(path)), DELETE, 0, nullptr, OPEN_EXISTING,
-        FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+    const QString path = longPath(newFilesFolder(directory));
+    {
+        const Handle folder = openDirectory(path);
+        if (folder.get() == INVALID_HANDLE_VALUE)
+            return;
+        WIN32_FIND_DATAW entry;
+        const HANDLE search = FindFirstFileW(wide(path + QLatin1String("\\*")), &entry);
+        if (search != INVALID_HANDLE_VALUE) {
+            do {
+                // Sharing nothing, this fails while anybody has the file open.
+                const Handle file(CreateFileW(
+                    wide(path % QLatin1Char('\\') % QString::fromWCharArray(entry.cFileName)),
+                    DELETE, 0, nullptr, OPEN_EXISTING,
+                    FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+            } while (FindNextFileW(search, &entry));
+            FindClose(search);
+        }
+    }
+    RemoveDirectoryW(wide(path));
 }
 
 bool isKernel64Bit()
