@@ -29,6 +29,23 @@ int actAsChild(const QStringList &arguments)
     return QCoreApplication::exec();
 }
 
+/// What there is without an application, of which Qt would warn.
+QString withoutApplication()
+{
+    TavexApplication::reboot(1);
+    TavexApplication::restart();
+    const QString here = string("here.qm");
+    QFile::copy(string(":/translations/tavex_sv.qm"), here);
+    QTranslator translator;
+    const bool isLoaded = TavexApplication::qtTranslationLoad(&translator, string("here"), German);
+    QFile::setPermissions(here, QFile::WriteOwner);
+    QFile::remove(here);
+    return TavexApplication::applicationFolder() + TavexApplication::translationPaths().join(u' ')
+        + QString::number(isLoaded);
+}
+
+QString alone;
+
 } // namespace
 
 class TestApplication : public QObject
@@ -56,7 +73,9 @@ private Q_SLOTS:
             QVERIFY(TavexApplication::qtTranslationLoad(&translator, tavex, German));
             QCOMPARE(translator.filePath(), file);
         }
-        QVERIFY(!TavexApplication::translationLoad(&translator, QString(), German));
+        QCOMPARE(alone, string(":/ :/translations0"));
+        for (const QString &name : {QString(), QString(3, QChar())})
+            QVERIFY(!TavexApplication::translationLoad(&translator, name, German));
         QVERIFY(!TavexApplication::translationLoad(&translator, string("missing"), German));
         QVERIFY(!TavexApplication::translationLoad(nullptr, tavex, German));
         QVERIFY(!TavexApplication::qtTranslationLoad(nullptr, tavex, German));
@@ -102,6 +121,7 @@ private Q_SLOTS:
             }
             QVERIFY(load(string("tavex")));
             QVERIFY(!catalogue.translate("QObject", "Copyright").isEmpty());
+            QVERIFY(catalogue.translate("S3rdParty", "en").startsWith(language));
             expected.insert(SLocale(language).locale().language());
         }
         QCOMPARE(count, 4 * 15 - 1);
@@ -180,18 +200,36 @@ private Q_SLOTS:
         add(string("lost"), string(":/none"), hostile);
         add({}, {}, {});
         add(hostile, string(":/HALF_LICENSE"), string("javascript:alert(1)"));
-        QCOMPARE(S3rdParty::modules().size(), 3);
+        const QTemporaryDir folder;
+        const auto file = [&](const char *name, const QByteArray &text) {
+            QFile written(folder.filePath(string(name)));
+            written.open(QIODevice::WriteOnly);
+            written.write(text);
+            return written.fileName();
+        };
+        add(string("no\x1b\nfile"), folder.path(), {});
+        add(string("blank"), file("blank", " \r\n\t\v"), {});
+        add(string("line ends"), file("mac", "One\x7f\rTwo\xc2\x85\r\nThree\xef\xb7\x90\n"), {});
+        add(string("long"), file("long", QByteArray("word ").repeated(999)), {});
+        QCOMPARE(S3rdParty::modules().size(), 7);
         QCOMPARE(S3rdParty::site(string("lost")), hostile);
 
+        // The words are in English, whatever the locale.
+        QVERIFY(QLocale().language() != QLocale::English);
         const QString page = S3rdParty::legalInformation();
         for (const char *part :
             {"GNU LESSER GENERAL PUBLIC LICENSE", "&quot;&gt;&lt;script&gt;%1&lt;/script&gt;&amp;",
-                "<a href=\"https://www.qt.io\">"})
+                "<a href=\"https://www.qt.io\">", "<html lang=\"en\">", "One\nTwo\nThree\n</pre>",
+                "no\nfile", "word word\u2026</a>"})
             QVERIFY2(page.contains(string(part)), part);
-        for (const char *part : {"<script", "href=\"javascript"})
+        for (const char *part : {"<script", "href=\"javascript", "\x1b"})
             QVERIFY2(!page.contains(string(part)), part);
-        QCOMPARE(page.count(string("not available")), 1);
-        QCOMPARE(page.count(string("<section")), 2);
+        QCOMPARE(page.count(string("not available")), 3);
+        QCOMPARE(page.count(string("<section")), 4);
+        QTranslator swedish;
+        QVERIFY(swedish.load(string(":/translations/tavex_sv.qm")));
+        QCoreApplication::installTranslator(&swedish);
+        QVERIFY(S3rdParty::legalInformation().contains(string("<html lang=\"sv\">")));
     }
 
     void startsAgain()
@@ -218,7 +256,7 @@ private Q_SLOTS:
 
 int main(int argc, char *argv[])
 {
-    TavexApplication::reboot(1); // Nothing to reboot yet.
+    alone = withoutApplication();
     QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.value(1).startsWith(QLatin1String("--re")))
