@@ -176,7 +176,7 @@ QString findGroup(const QString &folder, const QString &group, int depth)
     }
     for (const QString &name :
         QDir(folder).entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot)) {
-        const QString path = findGroup(folder + QLatin1Char('/') + name, group, depth - 1);
+        QString path = findGroup(folder + QLatin1Char('/') + name, group, depth - 1);
         if (!path.isEmpty())
             return path;
     }
