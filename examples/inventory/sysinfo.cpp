@@ -49,8 +49,11 @@ QList<SystemSection> describeSystem(const QLocale &locale)
 
     SystemSection volumes{tr("Volumes"), {}};
     for (const SStorageInfo &volume : SStorageInfo::volumes()) {
-        volumes.facts.append({QStringLiteral("%1 (%2)").arg(volume.rootPath(), volume.type()),
-            tr("%1, %2 free").arg(size(volume.totalBytes()), size(volume.freeBytes()))});
+        QString space; // A server that is gone would be waited for.
+        if (volume.isLocal())
+            space = tr("%1, %2 free").arg(size(volume.totalBytes()), size(volume.freeBytes()));
+        volumes.facts.append(
+            {QStringLiteral("%1 (%2)").arg(volume.rootPath(), volume.type()), space});
     }
     return {
         {{},
@@ -66,7 +69,8 @@ QList<SystemSection> describeSystem(const QLocale &locale)
                 {tr("Processor features"), featureNames().join(QLatin1Char(' '))},
                 {tr("Memory"),
                     tr("%1, %2 available")
-                        .arg(size(SMemoryInfo::total()), size(SMemoryInfo::available()))}}},
+                        .arg(size(SMemoryInfo::total()), size(SMemoryInfo::available()))},
+                {tr("Usable memory"), size(SMemoryInfo::limit())}}},
         volumes,
         {tr("Folders"), folders()},
     };
@@ -87,10 +91,13 @@ QByteArray systemAsJson()
 {
     QJsonArray volumes;
     for (const SStorageInfo &volume : SStorageInfo::volumes()) {
-        volumes.append(QJsonObject{{QStringLiteral("path"), volume.rootPath()},
-            {QStringLiteral("type"), volume.type()}, {QStringLiteral("local"), volume.isLocal()},
-            {QStringLiteral("bytes"), volume.totalBytes()},
-            {QStringLiteral("free"), volume.freeBytes()}});
+        QJsonObject object{{QStringLiteral("path"), volume.rootPath()},
+            {QStringLiteral("type"), volume.type()}, {QStringLiteral("local"), volume.isLocal()}};
+        if (volume.isLocal()) {
+            object.insert(QStringLiteral("bytes"), volume.totalBytes());
+            object.insert(QStringLiteral("free"), volume.freeBytes());
+        }
+        volumes.append(object);
     }
     QJsonObject paths;
     for (const SystemFact &folder : folders())
@@ -106,6 +113,7 @@ QByteArray systemAsJson()
         {QStringLiteral("features"), QJsonArray::fromStringList(featureNames())},
         {QStringLiteral("memory"), SMemoryInfo::total()},
         {QStringLiteral("memoryAvailable"), SMemoryInfo::available()},
+        {QStringLiteral("memoryUsable"), SMemoryInfo::limit()},
         {QStringLiteral("volumes"), volumes}, {QStringLiteral("folders"), paths}};
     return QJsonDocument(system).toJson();
 }

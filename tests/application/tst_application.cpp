@@ -42,6 +42,9 @@ int actAsChild(const QStringList &arguments)
     return QCoreApplication::exec();
 }
 
+/// Where there would be catalogues without an application.
+QString alone;
+
 } // namespace
 
 class TestApplication : public QObject
@@ -69,7 +72,9 @@ private Q_SLOTS:
             QVERIFY(TavexApplication::qtTranslationLoad(&translator, tavex, German));
             QCOMPARE(translator.filePath(), file);
         }
-        QVERIFY(!TavexApplication::translationLoad(&translator, QString(), German));
+        QCOMPARE(alone, string(":/ :/translations"));
+        for (const QString &name : {QString(), QString(3, QChar())})
+            QVERIFY(!TavexApplication::translationLoad(&translator, name, German));
         QVERIFY(!TavexApplication::translationLoad(&translator, string("missing"), German));
         QVERIFY(!TavexApplication::translationLoad(nullptr, tavex, German));
         QVERIFY(!TavexApplication::qtTranslationLoad(nullptr, tavex, German));
@@ -115,6 +120,7 @@ private Q_SLOTS:
             }
             QVERIFY(load(string("tavex")));
             QVERIFY(!catalogue.translate("QObject", "Copyright").isEmpty());
+            QVERIFY(catalogue.translate("S3rdParty", "en").startsWith(language));
             expected.insert(SLocale(language).locale().language());
         }
         QCOMPARE(count, 4 * 15 - 1);
@@ -193,18 +199,32 @@ private Q_SLOTS:
         add(string("lost"), string(":/none"), hostile);
         add({}, {}, {});
         add(hostile, string(":/HALF_LICENSE"), string("javascript:alert(1)"));
-        QCOMPARE(S3rdParty::modules().size(), 3);
+        const QTemporaryDir folder;
+        add(string("no\x1b\nfile"), folder.path(), {});
+        for (const QByteArray &text : {QByteArray(" \r\n\t\v"), QByteArray("word ").repeated(999),
+                 QByteArray("One\x7f\rTwo\xc2\x85\r\nThree\xef\xb7\x90\n")}) {
+            QFile file(folder.filePath(QString::number(text.size())));
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
+            add(file.fileName(), file.fileName(), {});
+        }
+        QCOMPARE(S3rdParty::modules().size(), 7);
         QCOMPARE(S3rdParty::site(string("lost")), hostile);
 
+        // Its words are in English, in spite of the locale that init() was given.
         const QString page = S3rdParty::legalInformation();
         for (const char *part :
             {"GNU LESSER GENERAL PUBLIC LICENSE", "&quot;&gt;&lt;script&gt;%1&lt;/script&gt;&amp;",
-                "<a href=\"https://www.qt.io\">"})
+                "<a href=\"https://www.qt.io\">", "<html lang=\"en\">", "One\nTwo\nThree\n</pre>",
+                "no\nfile", "word word\u2026</a>"})
             QVERIFY2(page.contains(string(part)), part);
-        for (const char *part : {"<script", "href=\"javascript"})
+        for (const char *part : {"<script", "href=\"javascript", "\x1b"})
             QVERIFY2(!page.contains(string(part)), part);
-        QCOMPARE(page.count(string("not available")), 1);
-        QCOMPARE(page.count(string("<section")), 2);
+        QCOMPARE(page.count(string("not available")), 3);
+        QCOMPARE(page.count(string("<section")), 4);
+        QTranslator swedish;
+        QVERIFY(swedish.load(string(":/translations/tavex_sv.qm")));
+        QCoreApplication::installTranslator(&swedish);
+        QVERIFY(S3rdParty::legalInformation().contains(string("<html lang=\"sv\">")));
     }
 
     void servesGlobalsToTheirEnd()
@@ -247,7 +267,9 @@ private Q_SLOTS:
 
 int main(int argc, char *argv[])
 {
-    TavexApplication::reboot(1); // Nothing to reboot yet.
+    TavexApplication::reboot(1); // Nothing to reboot or to start yet.
+    TavexApplication::restart();
+    alone = TavexApplication::applicationFolder() + TavexApplication::translationPaths().join(u' ');
     QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.value(1).startsWith(QLatin1String("--re")))

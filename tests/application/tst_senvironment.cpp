@@ -38,6 +38,10 @@ private Q_SLOTS:
             {u"XDG_CACHE_HOME=/c/", F::CacheLocation, u"/c/tst_senvironment"},
             {u"XDG_CONFIG_HOME=/k/", F::AppConfigLocation, u"/k/tst_senvironment"},
             {u"TMPDIR=/proc/", F::TempLocation, u"/proc"}, {u"HOME=/h", F::RootLocation, u"/"},
+            {u"TMPDIR=.", F::TempLocation, u"/tmp"}, {u"TMPDIR=/none", F::TempLocation, u"/tmp"},
+            {u"TMPDIR=/dev/null", F::TempLocation, u"/tmp"},
+            {u"XDG_RUNTIME_DIR=/none/r/", F::RuntimeLocation, u"/none/r"},
+            {u"XDG_RUNTIME_DIR=/tmp", F::RuntimeLocation, u""},
             {u"XDG_DATA_HOME=/x/", F::CommonDataLocation, u"/x"},
             {u"XDG_DATA_HOME=/x XDG_DATA_DIRS=/y", F::ColorFolder, u""}};
         for (const auto &[environment, folder, path] : rows) {
@@ -51,9 +55,8 @@ private Q_SLOTS:
     void linuxNothingIsMade()
     {
         const QTemporaryDir home;
-        const QTemporaryDir runtime; // Qt makes one if there is none.
         setEnvironment({string("HOME=") + home.path(), string("XDG_DATA_DIRS=") + home.path(),
-            string("XDG_RUNTIME_DIR=") + runtime.path()});
+            string("TMPDIR=") + home.path()});
         const QString profiles = home.filePath(string("color/icc"));
         QVERIFY(QDir().mkpath(profiles));
         for (const bool writable : {false, true}) {
@@ -62,6 +65,8 @@ private Q_SLOTS:
                 QCOMPARE(path, QDir::cleanPath(path));
             }
             QCOMPARE(SEnvironment::colorFolder(writable), profiles);
+            const QString runtime = SEnvironment::runtimeFolder(writable);
+            QVERIFY(runtime.startsWith(home.filePath(string("runtime-"))));
         }
         const auto made = QDir(home.path()).entryList(QDir::Hidden | QDir::AllEntries);
         QCOMPARE(made.join(u' '), string(". .. color"));
@@ -121,7 +126,8 @@ private Q_SLOTS:
         const QString made = SEnvironment::tempUniqueFolder(deep);
         QVERIFY(folderOf(made) == deep && QDir(made).exists());
         // Below a file no folder can be made.
-        QVERIFY(SEnvironment::tempUniqueFolder(QCoreApplication::applicationFilePath()).isEmpty());
+        for (const QString &bad : {QCoreApplication::applicationFilePath(), QString(3, QChar())})
+            QVERIFY(SEnvironment::tempUniqueFolder(bad).isEmpty());
     }
 };
 

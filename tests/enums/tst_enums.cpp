@@ -314,6 +314,7 @@ private Q_SLOTS:
         QCOMPARE(file.readAll(), "<TS>\xC3\xA4</TS>");
         QVERIFY(!SEnumHelper::writeTranslatorXML(folder.filePath(string("no/a.ts")), {}));
         QVERIFY(!SEnumHelper::writeTranslatorXML(static_cast<QIODevice *>(nullptr), {}));
+        QVERIFY(!SEnumHelper::writeTranslatorXML(QString(), {}));
         QBuffer device;
         QVERIFY(SEnumHelper::writeTranslatorXML(&device, string("x")));
         QVERIFY(!device.isOpen() && device.data() == "x");

@@ -2,7 +2,11 @@
 
 #include <tavex/system/procfs_p.h>
 
+#include <fcntl.h>
+#include <pwd.h>
 #include <sched.h>
+#include <sys/mount.h>
+#include <unistd.h>
 
 /// A path and the text of the file there; "->" before the text makes a link to it.
 using File = std::pair<QByteArray, QByteArray>;
@@ -28,11 +32,13 @@ private Q_SLOTS:
     void controlGroups()
     {
         const auto row = [](const char *name, int processors, const QByteArray &mountinfo,
-                             const QByteArray &cgroup, const QList<File> &limits) {
+                             const QByteArray &cgroup, const QList<File> &limits,
+                             qint64 memory = 0) {
             const QTemporaryDir root;
             fill(root, {{"/proc/self/mountinfo", mountinfo}, {"/proc/self/cgroup", cgroup}});
             fill(root, limits);
             QVERIFY2(ProcFs::controlGroupProcessors(root.path()) == processors, name);
+            QVERIFY2(ProcFs::controlGroupMemory(root.path()) == memory, name);
         };
         row("nothing", 0, {}, {}, {});
         row("damaged", 0, "1 2 - x\n- - -\n", "::\n:\n0:cpu\n1:cpu:/a\n0::\n", {});
@@ -49,16 +55,25 @@ private Q_SLOTS:
         version2("period 0", 0, "200000 0\n");
         version2("huge", 2147483647, "9223372036854775807 1");
         version2("damaged limits", 0, "x\ny", " ");
+        row("namespace on the mount of another", 2,
+            "30 23 0:26 /../.. /cg rw shared:4 - cgroup2 cgroup2 rw\n", "0::/x\n",
+            {{"/cg/a/b/x/cgroup.procs", "1\n"}, {"/cg/a/b/x/cpu.max", "1 1"},
+                {"/cg/a/c/x/cgroup.procs", "1\n" + QByteArray::number(getpid()) + "\n"},
+                {"/cg/a/c/x/cpu.max", "200000 100000"}, {"/cg/a/c/x/memory.max", "max\n"},
+                {"/cg/a/memory.max", "4096\n"}, {"/cg/memory.max", "8192"}},
+            4096);
         row("outside the namespace", 4, mount2, "0::/../x\n", {{"/cg/cpu.max", "400000 100000"}});
 
         const auto version1 = [&](const char *name, int processors, const QByteArray &group,
                                   const QByteArray &folder, const QByteArray &quota) {
             row(name, processors,
-                "33 31 0:30 / /cg/cpuset rw - cgroup cgroup rw,cpuset\n"
+                "33 31 0:30 / /cg/memory rw - cgroup cgroup rw,memory\n"
                 "32 31 0:29 /docker/x /cg/cpu\\040a rw - cgroup cgroup rw,cpu,cpuacct\n",
-                "3:cpuset:/\n1:cpu,cpuacct:" + group + "\n0::/\n",
-                {{folder + "/cpu.cfs_period_us", "50000\n"},
-                    {folder + "/cpu.cfs_quota_us", quota}});
+                "3:memory:/m\n1:cpu,cpuacct:" + group + "\n0::/\n",
+                {{folder + "/cpu.cfs_period_us", "50000\n"}, {folder + "/cpu.cfs_quota_us", quota},
+                    {"/cg/memory/m/memory.limit_in_bytes", "18446744073709551615\n"},
+                    {"/cg/memory/memory.limit_in_bytes", "9223372036854771712\n"}},
+                9223372036854771712);
         };
         version1("v1", 2, "/docker/x/y", "/cg/cpu a/y", "75000\n");
         version1("v1 without limit", 0, "/docker/x/y", "/cg/cpu a/y", "-1\n");
@@ -106,9 +121,13 @@ private Q_SLOTS:
                 {"/proc/self/mountinfo",
                     "22 27 0:21 / /proc rw - proc proc rw\n"
                     "27 1 254:0 / / rw,relatime - ext4 /dev/vda rw\n"
-                    "40 27 0:40 / /mnt/a\\040b\\134c rw shared:1 master:2 - nfs4 host:/export rw\n"
-                    "41 27 8:1 / /mnt rw - vfat /dev/sda1 rw\n"
-                    "42 27 8:2 / /mnt rw - xfs /dev/sda2 rw\n"
+                    "39 41 0:39 / /mnt/hidden rw - nfs4 host:/x rw\n"
+                    "40 42 0:40 / /mnt/a\\040b\\134c rw shared:1 master:2 - nfs4 host:/export rw\n"
+                    "42 41 8:2 / /mnt rw - xfs /dev/sda2 rw\n"
+                    "41 27 8:1 / /mnt rw - fuse /dev/sda1 rw\n"
+                    "46 40 8:4 / /mnt/a\\040b\\134c/in rw - ext4 /dev/sdb rw\n"
+                    "47 27 8:5 / /x/y rw - ext4 /dev/sdd rw\n"
+                    "48 27 8:6 / /x rw - fuseblk /dev/sde rw\n"
                     "43 27 0:43 / /dev/shm rw - tmpfs tmpfs rw\n"
                     "44 27 0:44 / /device rw - tmpfs tmp\\04 rw\n"
                     "45 27 8:3 / /cut rw - ext4 /dev/sdc\nbroken\n"}});
@@ -117,13 +136,16 @@ private Q_SLOTS:
         QCOMPARE(memory, QList<qint64>({25276510208, 7168, 2187264}));
         QStringList listed;
         for (const auto &mount : ProcFs::storageMounts(ProcFs::mounts(root.path())))
-            listed += mount.point + u' ' + mount.type + u' ' + mount.source;
+            listed += mount.point + string(mount.isLocal ? " " : " far ") + mount.type + u' '
+                + mount.source;
         QCOMPARE(listed.join(u'\n'),
-            string("/ ext4 /dev/vda\n/mnt/a b\\c nfs4 host:/export\n"
-                   "/mnt xfs /dev/sda2\n/device tmpfs tmp\\04"));
+            string("/ ext4 /dev/vda\n/device tmpfs tmp\\04\n/x fuseblk /dev/sde\n"
+                   "/mnt xfs /dev/sda2\n/mnt/a b\\c far nfs4 host:/export\n"
+                   "/mnt/a b\\c/in far ext4 /dev/sdb"));
+        QVERIFY(ProcFs::mounts(root.path() + string("/none")).isEmpty());
     }
 
-    // The dead server is a folder here: what lies in it must not be looked at.
+    // The mount that does not answer is a folder here: what lies in it must not be looked at.
     void mountOfPath()
     {
         const QTemporaryDir root;
@@ -132,21 +154,67 @@ private Q_SLOTS:
             {{"/dir/f", ""}, {"/net/f", ""}, {"/net-but-not", ""}, {"/usb/f", ""}, {"/file", ""},
                 {"/relative", "->dir/../net/gone"}, {"/loop", "->loop"}, {"/usb/up", "->../dir"},
                 {"/absolute", "->" + top.toLatin1() + "/net/gone"}});
-        const QList<ProcFs::Mount> mounts{{{}, string("/"), string("ext4"), {}, {}},
-            {{}, top + string("/net"), string("nfs"), {}, {}},
-            {{}, top + string("/usb"), string("vfat"), {}, {}}};
-        const File rows[] = {{"/dir", "ext4"}, {"/dir/none", ""}, {"/net", "nfs"},
-            {"/net/none/../../dir", "nfs"}, {"/net-but-not", "ext4"}, {"/relative", "nfs"},
-            {"/absolute/x", "nfs"}, {"/dir/../usb/.", "vfat"}, {"/loop", ""}, {"/file/x", ""},
-            {"/usb/up", "ext4"}, {"/usb/up/../dir", "ext4"}};
-        for (const auto &[path, type] : rows) {
-            for (const QString &folder : {top, QDir::current().relativeFilePath(top)}) {
-                const auto *mount = ProcFs::mountOf(folder + string(path), mounts);
-                QCOMPARE(path + ' ' + (mount ? mount->type.toLatin1() : ""), path + ' ' + type);
-            }
+        const QByteArray at = " 0:1 / " + top.toLatin1();
+        fill(root,
+            {{"/proc/self/mountinfo",
+                // Nothing is listed for the root, as in a chroot.
+                "2 1" + at + "/net rw - fuse.x x rw\n3 1" + at + "/usb rw - vfat x rw\n4 2" + at
+                    + "/net/disk rw - xfs x rw\n"}});
+        const QList<ProcFs::Mount> mounts = ProcFs::mounts(root.path());
+        const File rows[] = {{"/dir", "/"}, {"/dir/none", ""}, {"/net", "/net"},
+            {"/net/none/../../dir", "/net"}, {"/net-but-not", "/"}, {"/relative", "/net"},
+            {"/absolute/x", "/net"}, {"/dir/../usb/.", "/usb"}, {"/loop", ""}, {"/file/x", ""},
+            {"/usb/up", "/"}, {"/usb/up/../dir", "/"}, {"/net/./disk/x", "/net/disk"},
+            {QByteArray("/dir\0x", 6), ""}};
+        for (const auto &[path, point] : rows) {
+            const auto *mount = ProcFs::mountOf(top + QString::fromLatin1(path), mounts);
+            const QString found =
+                mount ? mount->point.mid(mount->type.isEmpty() ? 0 : top.size()) : QString();
+            QCOMPARE(path + ' ' + found.toLatin1(), path + ' ' + point);
+            QVERIFY2(!mount || mount->isLocal != point.startsWith("/net"), path);
         }
-        for (const char *type : {"", "nf", "nfs5", "fuse", "fuseblk"})
-            QVERIFY2(!ProcFs::isNetworkType(string(type)), type);
+        for (const auto &[types, isLocal] :
+            {std::pair(" nf nfs fuse fuse.ext4 9p virtiofs autofs", false),
+                {"fuseblk.x zfs", true}})
+            for (const QString &type : string(types).split(u' '))
+                QVERIFY2(ProcFs::isLocalType(type) == isLocal, qPrintable(type));
+    }
+
+    // The program behind this file system never answers.
+    void silentMount()
+    {
+        const QTemporaryDir folder;
+        const QByteArray path = folder.path().toLocal8Bit();
+        const int device = open("/dev/fuse", O_RDWR | O_CLOEXEC);
+        const QByteArray options =
+            "rootmode=40000,user_id=0,group_id=0,fd=" + QByteArray::number(device);
+        if (device < 0 || unshare(CLONE_NEWNS) != 0
+            || mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0
+            || mount("/dev/x", path.constData(), "fuse.silent", 0, options.constData()) != 0)
+            QSKIP("Needs the right to mount");
+        alarm(60); // Ends the program if it waits.
+        for (const char *name : {"", "/x/../y"}) {
+            SStorageInfo info(folder.path() + string(name));
+            QCOMPARE(info.rootPath(), folder.path());
+            QVERIFY(!info.isLocal() && !info.eject() && !SDir(info.path()).isLocal());
+        }
+        alarm(0);
+        close(device);
+        umount2(path.constData(), MNT_DETACH);
+    }
+
+    // Such an account has no name for people.
+    void namelessUser()
+    {
+        const passwd *account = getpwent();
+        while (account && *account->pw_gecos)
+            account = getpwent();
+        if (geteuid() != 0 || !account)
+            QSKIP("Needs the right to be another user");
+        QCOMPARE(setreuid(account->pw_uid, 0), 0);
+        const QString name = Platform::userDisplayName();
+        QCOMPARE(setreuid(0, 0), 0);
+        QCOMPARE(name, QString());
     }
 
     void removableDrives()

@@ -181,16 +181,27 @@ private Q_SLOTS:
         QVERIFY(SMemoryInfo::available() > SMemoryInfo::processUse());
         QVERIFY(SMemoryInfo::processUse() > 1 << 20);
 
+        QVERIFY(SMemoryInfo::limit() > 0 && SMemoryInfo::limit() <= SMemoryInfo::total());
+
         const QString self = QCoreApplication::applicationFilePath();
+        const QFileInfo file(self);
+        QVERIFY(QDir::setCurrent(file.path()));
+        qputenv("PATH", QFileInfo(file.path()).path().toLocal8Bit());
         QCOMPARE(SShellCommandSeeker::find(self), self);
-        for (const QString &none : {QString(), QDir::rootPath(), self + u'x'})
+        QVERIFY(SShellCommandSeeker::exists(string("./") + file.fileName()));
+        for (const QString &none : {QString(), QDir::rootPath(), self + u'x', file.fileName(),
+                 file.dir().dirName() + u'/' + file.fileName(), QString(3, QChar())})
             QVERIFY2(!SShellCommandSeeker::exists(none), qPrintable(none));
+        if (SSysInfo::isLinux()) {
+            qputenv("PATH", "/none:");
+            QCOMPARE(SShellCommandSeeker::find(file.fileName()), self);
+        }
     }
 
     void volumes()
     {
         const QTemporaryDir folder(QDir::temp().filePath(string("größe-XXXXXX")));
-        const SStorageInfo info(folder.path());
+        const SStorageInfo info(QDir::current().relativeFilePath(folder.path()));
         const QStorageInfo expected(folder.path());
         QVERIFY(info.isValid() && info.isLocal());
         if (expected.isValid()) { // Qt does not know the root of a chroot.
@@ -202,7 +213,8 @@ private Q_SLOTS:
         }
 
         const QString missing = folder.filePath(string("none/file"));
-        for (SStorageInfo none : {SStorageInfo(), SStorageInfo(QString()), SStorageInfo(missing)}) {
+        for (SStorageInfo none : {SStorageInfo(), SStorageInfo(QString()), SStorageInfo(missing),
+                 SStorageInfo(QString(3, QChar()))}) {
             QVERIFY(!none.isValid() && !none.isLocal() && !none.eject());
             QCOMPARE(none.rootPath() + none.name() + none.type(), QString());
             QCOMPARE(none.totalBytes() + none.freeBytes(), 0);

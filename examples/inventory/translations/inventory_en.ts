@@ -120,6 +120,11 @@
         <translation>Memory</translation>
     </message>
     <message>
+        <source>Usable memory</source>
+        <extracomment>Label of a table row: how much memory this process may take up, for instance in a container.</extracomment>
+        <translation>Usable memory</translation>
+    </message>
+    <message>
         <source>User</source>
         <extracomment>Label of a table row: the name of the user.</extracomment>
         <translation>User</translation>

@@ -122,6 +122,11 @@
         <translation>Память</translation>
     </message>
     <message>
+        <source>Usable memory</source>
+        <extracomment>Label of a table row: how much memory this process may take up, for instance in a container.</extracomment>
+        <translation>Доступная память</translation>
+    </message>
+    <message>
         <source>User</source>
         <extracomment>Label of a table row: the name of the user.</extracomment>
         <translation>Пользователь</translation>

@@ -118,6 +118,11 @@
         <translation>Bellek</translation>
     </message>
     <message>
+        <source>Usable memory</source>
+        <extracomment>Label of a table row: how much memory this process may take up, for instance in a container.</extracomment>
+        <translation>Kullanılabilir bellek</translation>
+    </message>
+    <message>
         <source>User</source>
         <extracomment>Label of a table row: the name of the user.</extracomment>
         <translation>Kullanıcı</translation>

@@ -1,11 +1,11 @@
 #include <tavex/application/s3rdparty.h>
 
 #include <tavex/convert/sconvert.h>
-#include <tavex/convert/slocale.h>
 #include <tavex/core/lasting_p.h>
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QList>
 #include <QUrl>
 
@@ -55,19 +55,45 @@ QString tr(const char *text)
     return QCoreApplication::translate("S3rdParty", text).toHtmlEscaped();
 }
 
+/// \a text without what HTML does not have: control characters but tabulators and line feeds,
+/// which stand for all ends of lines; halves of characters; and code points that are none.
+QString pageText(QString text)
+{
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    const QList<uint> characters = text.toUcs4(); // With U+FFFD for halves.
+    QString result;
+    result.reserve(text.size());
+    for (const char32_t c : characters) {
+        const bool isBlank = c == '\n' || c == '\t';
+        const bool isControl = c < 0x20 || (c >= 0x7F && c < 0xA0);
+        if (isBlank || (!isControl && !QChar::isNonCharacter(c)))
+            result += QChar::fromUcs4(c);
+    }
+    return result;
+}
+
+/// The text of the licence in the file \a path; empty if that has nothing to read.
 QString readLicence(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (path.contains(QChar::Null) || !QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return {};
-    QString text = QString::fromUtf8(file.readAll());
-    return text.remove(QLatin1Char('\r'));
+    const QString text = pageText(QString::fromUtf8(file.readAll()));
+    return text.trimmed().isEmpty() ? QString() : text;
 }
 
-/// The first line that is not blank: licences begin with their names.
+/// The first line that is not blank: licences begin with their names. Of a long one only the first
+/// words.
 QString licenceName(const QString &text)
 {
-    return text.trimmed().section(QLatin1Char('\n'), 0, 0).trimmed();
+    constexpr qsizetype Most = 80;
+    QString name = text.trimmed().section(QLatin1Char('\n'), 0, 0).trimmed();
+    if (name.size() <= Most)
+        return name;
+    name.truncate(name.at(Most - 1).isHighSurrogate() ? Most - 1 : Most);
+    const qsizetype blank = name.lastIndexOf(QLatin1Char(' '));
+    return name.left(blank > Most / 2 ? blank : name.size()) + QChar(0x2026);
 }
 
 /// A link, if \a site is the address of a web page, and else the text alone.
@@ -77,13 +103,6 @@ QString siteHtml(const QString &site)
     const QString text = site.toHtmlEscaped();
     const bool isWebPage = scheme == QStringLiteral("https") || scheme == QStringLiteral("http");
     return isWebPage ? QStringLiteral("<a href=\"%1\">%1</a>").arg(text) : text;
-}
-
-/// The tag of the current language (BCP 47).
-QString pageLanguage()
-{
-    const QLocale locale;
-    return SLocale::isKlingon(locale) ? SLocale::name(locale) : locale.bcp47Name();
 }
 
 QString versionText(const SVersion &version)
@@ -151,7 +170,7 @@ QString S3rdParty::legalInformation()
 <title>%2</title>
 <style>
 :root { color-scheme: light dark; }
-body { max-width: 46rem; margin: 2.5rem auto; padding: 0 1.25rem; line-height: 1.5; font-family: system-ui, sans-serif; }
+body { max-width: 46rem; margin: 2.5rem auto; padding: 0 1.25rem; line-height: 1.5; overflow-wrap: anywhere; font-family: system-ui, sans-serif; }
 h1 { margin-bottom: .25rem; }
 table { width: 100%; margin: 1.5rem 0; border-collapse: collapse; }
 th, td { padding: .45em .75em .45em 0; text-align: start; vertical-align: top; border-bottom: 1px solid rgba(136, 136, 136, .4); }
@@ -171,8 +190,8 @@ pre { padding: 1rem; overflow-x: auto; white-space: pre-wrap; font-size: .8rem; 
 )");
     const QString row = QStringLiteral("<tr><td>%1</td><td>%2</td><td>%3</td><td>%4</td></tr>\n");
     const QString link = QStringLiteral("<a href=\"#licence-%1\">%2</a>");
-    const QString section =
-        QStringLiteral("<section id=\"licence-%1\">\n<h2>%2</h2>\n<pre>\n%3</pre>\n</section>\n");
+    const QString section = QStringLiteral(
+        "<section id=\"licence-%1\">\n<h2>%2</h2>\n<pre lang=\"\">\n%3</pre>\n</section>\n");
 
     QString rows;
     QString sections;
@@ -180,17 +199,20 @@ pre { padding: 1rem; overflow-x: auto; white-space: pre-wrap; font-size: .8rem; 
     for (qsizetype i = 0; i < modules.size(); ++i) {
         const Module &module = modules.at(i);
         const QString number = QString::number(i + 1);
-        const QString name = module.name.toHtmlEscaped();
+        const QString name = pageText(module.name).toHtmlEscaped();
         const QString text = readLicence(module.licensePath);
         QString licence = tr("The text of this licence is not available.");
         if (!text.isEmpty()) {
             licence = link.arg(number, licenceName(text).toHtmlEscaped());
             sections += section.arg(number, name, text.toHtmlEscaped());
         }
-        rows += row.arg(name, versionText(module.version), siteHtml(module.site), licence);
+        rows +=
+            row.arg(name, versionText(module.version), siteHtml(pageText(module.site)), licence);
     }
 
-    return page.arg(pageLanguage(), tr("Legal information"),
+    // Catalogues translate this to the tag of their own language, whatever the default locale is.
+    const QString language = tr("en");
+    return page.arg(language, tr("Legal information"),
         tr("This program uses the components listed below, each under its own licence."),
         tr("Component"), tr("Version"), tr("Website"), tr("Licence"), rows, sections);
 }

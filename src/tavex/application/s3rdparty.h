@@ -36,8 +36,9 @@ public:
     [[nodiscard]] static QString qtSite();
 
     /// A page that lists all components with their licence texts: one HTML document that needs no
-    /// other file, in the language of the installed translators. Licence texts are read as UTF-8
-    /// when this is called; for one that cannot be read the page says so.
+    /// other file, in the language of the installed translators, which it names. Licence texts are
+    /// read as UTF-8 when this is called, without control characters; a link with the first line,
+    /// shortened, leads to each. For one that cannot be read or is blank the page says so.
     [[nodiscard]] static QString legalInformation();
 };
 

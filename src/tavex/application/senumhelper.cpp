@@ -1,6 +1,7 @@
 #include <tavex/application/senumhelper.h>
 
 #include <QFile>
+#include <QTemporaryFile>
 
 namespace Quorvex {
 
@@ -12,7 +13,11 @@ bool SEnumHelper::writeTranslatorXML(const QString &fileName, const QString &doc
 
 bool SEnumHelper::writeTranslatorXML(QIODevice *device, const QString &document)
 {
-    if (!device || !device->open(QIODevice::WriteOnly))
+    // Qt logs that a file is open already or has no name, which a temporary one gets by itself.
+    const auto *file = qobject_cast<QFile *>(device);
+    const bool isNameless =
+        file && file->fileName().isEmpty() && !qobject_cast<QTemporaryFile *>(device);
+    if (!device || device->isOpen() || isNameless || !device->open(QIODevice::WriteOnly))
         return false;
     device->write(document.toUtf8());
     device->close();

@@ -42,9 +42,11 @@ QString standardFolder(QStandardPaths::StandardLocation location, bool writable)
 
 QString SEnvironment::getFolder(SpecialFolder folder, bool writable)
 {
-    if (const auto location = standardLocation(folder))
-        return standardFolder(*location, writable);
     switch (folder) {
+    case SpecialFolder::TempLocation:
+        return cleaned(Platform::temporaryFolder());
+    case SpecialFolder::RuntimeLocation:
+        return cleaned(Platform::runtimeFolder());
     case SpecialFolder::RootLocation:
         return writable ? QString() : cleaned(QDir::rootPath());
     case SpecialFolder::CommonDataLocation: {
@@ -56,8 +58,10 @@ QString SEnvironment::getFolder(SpecialFolder folder, bool writable)
     case SpecialFolder::ColorFolder:
         return cleaned(Platform::colorFolder());
     default:
-        return {};
+        break;
     }
+    const auto location = standardLocation(folder);
+    return location ? standardFolder(*location, writable) : QString();
 }
 
 QString SEnvironment::getFolderDisplayName(SpecialFolder folder)
@@ -137,6 +141,8 @@ QString SEnvironment::tempUniqueFileName(const QString &folder)
 {
     const QString base =
         folder.trimmed().isEmpty() ? getFolder(SpecialFolder::TempLocation, true) : folder;
+    if (base.isEmpty())
+        return {};
     return QDir::fromNativeSeparators(
         base + QLatin1Char('/') + QUuid::createUuid().toString(QUuid::WithoutBraces));
 }
@@ -144,7 +150,8 @@ QString SEnvironment::tempUniqueFileName(const QString &folder)
 QString SEnvironment::tempUniqueFolder(const QString &folder)
 {
     const QString path = tempUniqueFileName(folder);
-    return QDir().mkpath(path) ? path : QString();
+    const bool isPath = !path.isEmpty() && !path.contains(QChar::Null);
+    return isPath && QDir().mkpath(path) ? path : QString();
 }
 
 } // namespace Quorvex

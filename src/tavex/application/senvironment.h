@@ -17,11 +17,12 @@ class TAVEX_EXPORT SEnvironment
 {
 public:
     /// The path of \a folder: with \a writable the one to write to, otherwise the first one to look
-    /// in, which is the same for most. Empty where there is none and for an unknown value. The
-    /// folder need not exist, and the library does not make it; Qt itself makes RuntimeLocation,
-    /// and warns, where the variable XDG_RUNTIME_DIR is not set.
+    /// in, which is the same for most. Empty where there is none and for an unknown value. No
+    /// folder is made, and of all only TempLocation is known to exist.
     ///
-    /// Values below 100 are those of QStandardPaths. Then there are:
+    /// Values below 100 are those of QStandardPaths, but under Linux TempLocation is the first of
+    /// the variable TMPDIR, "/tmp" and "/var/tmp" that is absolute and a folder, and
+    /// RuntimeLocation is empty where another user could enter the folder. Then there are:
     /// - RootLocation: empty with \a writable;
     /// - CommonDataLocation: GenericDataLocation in its place where the system has no such folder,
     ///   or with \a writable where the user may not write to it;
@@ -96,7 +97,7 @@ public:
     /// @}
 
     /// A path in \a folder, or in the temporary folder if \a folder is blank, that no other call
-    /// gives. Nothing is made there.
+    /// gives. Nothing is made there. Empty if there is no temporary folder.
     [[nodiscard]] static QString tempUniqueFileName(const QString &folder);
 
     /// The same for a folder, which is made with all folders above it; empty if that fails.

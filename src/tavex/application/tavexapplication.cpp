@@ -61,8 +61,10 @@ QString catalogueFile(const QString &name, const QLocale &locale)
 /// Loads the catalogue \a file into \a translator from the first of \a folders that has it.
 bool loadFrom(QTranslator &translator, const QString &file, const QStringList &folders)
 {
-    return std::ranges::any_of(
-        folders, [&](const QString &folder) { return translator.load(file, folder); });
+    if (file.contains(QChar::Null))
+        return false;
+    return std::ranges::any_of(folders,
+        [&](const QString &folder) { return !folder.isEmpty() && translator.load(file, folder); });
 }
 
 } // namespace
@@ -114,7 +116,9 @@ void TavexApplication::setLicenseKey(const QString &key)
 
 QString TavexApplication::applicationFolder()
 {
-    return unifiedSeparators(QCoreApplication::applicationDirPath());
+    // Qt logs that there is no application.
+    return QCoreApplication::instance() ? unifiedSeparators(QCoreApplication::applicationDirPath())
+                                        : QString();
 }
 
 QString TavexApplication::createApplicationSubfolders(const QString &base)
@@ -126,7 +130,7 @@ QString TavexApplication::createApplicationSubfolders(const QString &base)
         if (!name.isEmpty())
             path += QLatin1Char('/') + name;
     }
-    if (!QDir(path).exists())
+    if (!path.contains(QChar::Null) && !QDir(path).exists())
         QDir().mkpath(path);
     return unifiedSeparators(path);
 }
@@ -238,9 +242,11 @@ QString TavexApplication::catalogueFolder()
 
 QStringList TavexApplication::translationPaths()
 {
+    QStringList folders{QStringLiteral(":/"), catalogueFolder()};
     const QString folder = applicationFolder();
-    return {
-        folder, folder + QStringLiteral("/translations"), QStringLiteral(":/"), catalogueFolder()};
+    if (!folder.isEmpty())
+        folders = QStringList{folder, folder + QStringLiteral("/translations")} + folders;
+    return folders;
 }
 
 bool TavexApplication::translationLoad(
@@ -255,8 +261,8 @@ bool TavexApplication::qtTranslationLoad(
 {
     if (!translator)
         return false;
-    return translator->load(
-               catalogueFile(name, locale), QLibraryInfo::path(QLibraryInfo::TranslationsPath))
+    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    return loadFrom(*translator, catalogueFile(name, locale), {folder})
         || translationLoad(translator, name, locale);
 }
 
@@ -289,6 +295,8 @@ QList<QTranslator *> TavexApplication::translations()
 
 void TavexApplication::restart()
 {
+    if (!QCoreApplication::instance())
+        return;
     const QString program = QCoreApplication::applicationFilePath();
     QStringList arguments = QCoreApplication::arguments();
     const auto native = [](QString path) {

@@ -47,7 +47,7 @@ public:
     static void setLicenseKey(const QString &key);
     /// @}
 
-    /// The folder of the program file.
+    /// The folder of the program file; empty without an application.
     [[nodiscard]] static QString applicationFolder();
 
     /// \a base, without a separator at its end, followed by the organisation's and the
@@ -89,7 +89,8 @@ public:
     static void translationRegister(SEnumTranslatorBase *translator);
 
     /// Where catalogues are searched, in this order: the application's folder, its subfolder
-    /// "translations", and the resource folders ":/" and ":/translations".
+    /// "translations", and the resource folders ":/" and ":/translations"; without an application
+    /// only the resource folders.
     [[nodiscard]] static QStringList translationPaths();
 
     /// Loads the catalogue \a name for \a locale from the first of translationPaths() that has it,
@@ -113,7 +114,8 @@ public:
     [[nodiscard]] static QList<QTranslator *> translations();
 
     /// Starts the program once more, detached, with the arguments and in the folder of the program
-    /// file. This process goes on. Whether the start succeeds is not told.
+    /// file. This process goes on. Whether the start succeeds is not told. Without an application
+    /// nothing happens.
     static void restart();
 
     /// Ends the event loop with \a exitCode and starts the program once more while it quits;

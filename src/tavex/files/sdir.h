@@ -27,8 +27,8 @@ public:
     /// The path as it was given.
     [[nodiscard]] const QString &path() const noexcept { return m_path; }
 
-    /// Whether the directory exists on a volume for which no server has to be asked. Waits for no
-    /// network volume.
+    /// Whether the directory exists on a volume that is known to be local, as SStorageInfo has it.
+    /// Waits for no other volume.
     [[nodiscard]] bool isLocal() const;
 
     /// Makes \a target, which must not exist yet, a link to this directory: a junction under

@@ -18,6 +18,13 @@ namespace Quorvex::Platform {
 /// The machine-wide application-data folder, in the system's own notation.
 [[nodiscard]] QString commonDataFolder();
 
+/// The folder for temporary files, with "/": it exists. Empty if there is none.
+[[nodiscard]] QString temporaryFolder();
+
+/// The folder for sockets and the like of the user's session, with "/". It need not exist; empty
+/// if what is there is not the user's alone.
+[[nodiscard]] QString runtimeFolder();
+
 /// The folder of the installed colour profiles, in the system's own notation.
 [[nodiscard]] QString colorFolder();
 
@@ -27,7 +34,7 @@ namespace Quorvex::Platform {
 /// The shell-folder value "Local AppData" of the user.
 [[nodiscard]] QString localApplicationDataText();
 
-/// The user's name for people, not trimmed.
+/// The user's name for people, not trimmed. Empty where the account has none.
 [[nodiscard]] QString userDisplayName();
 
 /// "Windows 10 Enterprise LTSC 2019" and the like.
@@ -44,6 +51,9 @@ namespace Quorvex::Platform {
 /// Opens the file at \a path for reading. A FIFO, a socket or a device is no file, and is not
 /// waited for.
 [[nodiscard]] bool openFile(QFile &file, const QString &path);
+
+/// The absolute path of the program that the shell runs as \a name; empty if there is none.
+[[nodiscard]] QString findProgram(const QString &name);
 
 /// All that the file at \a path has; empty if openFile() would not open it, or if it cannot be read
 /// to its end.
@@ -99,6 +109,10 @@ void removeAbandonedFiles(const QString &directory);
 /// there is no limit. Reads files: about 0.1 ms.
 [[nodiscard]] int quotaProcessors();
 
+/// How many bytes of memory this process may take up together with those it shares a limit with; 0
+/// if there is no limit. Reads files: about 0.1 ms.
+[[nodiscard]] qint64 memoryLimit();
+
 struct ProcessorTopology
 {
     int packages = 1;
@@ -123,18 +137,18 @@ struct Volume
     QString rootPath; ///< With "/"; empty stands for no volume.
     QString type;     ///< "ext4", "NTFS"; may be empty for a network volume.
     QString device;
-    bool isLocal = false;
+    bool isLocal = false; ///< Whether it is known that no server or program has to answer.
 };
 
-/// The volume that holds \a path. Waits for no network volume. None if there is no such path;
-/// whether a path exists within a network volume is not looked at.
+/// The volume that holds \a path. Waits for no volume that is not local. None if there is no such
+/// path, which within a volume that is not local is not looked at, or if the system does not tell.
 [[nodiscard]] Volume volumeOf(const QString &path);
 
 /// The volumes that people care about, without those by which the system shows its own state.
 [[nodiscard]] QList<Volume> volumes();
 
-/// Unmounts the volume and ejects its medium. False, and nothing happens, unless the medium can be
-/// removed.
+/// Unmounts the volume and ejects its medium. False, and nothing happens, unless it is local and
+/// the medium can be removed.
 [[nodiscard]] bool ejectVolume(const Volume &volume);
 
 } // namespace Quorvex::Platform

@@ -2,6 +2,7 @@
 
 #include <tavex/system/procfs_p.h>
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -11,6 +12,7 @@
 #include <QSysInfo>
 #include <QUuid>
 
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <memory>
@@ -43,20 +45,24 @@ int onlineProcessors()
 
 Volume toVolume(const ProcFs::Mount &mount)
 {
-    return {mount.point, mount.type, mount.source, !ProcFs::isNetworkType(mount.type)};
+    return {mount.point, mount.type, mount.source, mount.isLocal};
 }
 
 /// Lets the disk service do for a user what only the administrator may do directly.
 bool askDiskService(const QString &action, const QString &device)
 {
-    const QString program = QStandardPaths::findExecutable(QStringLiteral("udisksctl"));
+    const QString program = findProgram(QStringLiteral("udisksctl"));
     if (program.isEmpty())
         return false;
     QProcess process;
     process.start(
         program, {action, QStringLiteral("--no-user-interaction"), QStringLiteral("-b"), device});
-    return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit
-        && process.exitCode() == 0;
+    if (!process.waitForFinished()) {
+        process.kill(); // A process that is destroyed while it runs is logged.
+        process.waitForFinished();
+        return false;
+    }
+    return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 
 /// An open file; -1 if there is none.
@@ -84,6 +90,47 @@ public:
 private:
     int m_number;
 };
+
+/// \a path from the root on; empty for an empty one, or if the current folder was removed. It is
+/// not cleaned: what ".." means is only known once the links before it are followed.
+QString absolute(const QString &path)
+{
+    if (path.isEmpty() || path.startsWith(QLatin1Char('/')))
+        return path;
+    const QString current = QDir::currentPath();
+    return current.isEmpty() ? QString() : current + QLatin1Char('/') + path;
+}
+
+struct Account
+{
+    QString name;
+    QString description; ///< The field "gecos".
+};
+
+Account accountOf(uid_t user)
+{
+    passwd account{};
+    passwd *found = nullptr;
+    std::vector<char> buffer(1024);
+    while (getpwuid_r(user, &account, buffer.data(), buffer.size(), &found) == ERANGE
+        && buffer.size() < 1 << 20)
+        buffer.resize(buffer.size() * 2);
+    if (!found)
+        return {};
+    return {QString::fromLocal8Bit(found->pw_name), QString::fromLocal8Bit(found->pw_gecos)};
+}
+
+/// The folders in which the shell looks for programs. An empty one is the current folder.
+QStringList programFolders()
+{
+    QString folders = qEnvironmentVariable("PATH");
+    if (!qEnvironmentVariableIsSet("PATH")) {
+        std::array<char, 256> preset{};
+        confstr(_CS_PATH, preset.data(), preset.size());
+        folders = QString::fromLocal8Bit(preset.data());
+    }
+    return folders.split(QLatin1Char(':'));
+}
 
 /// Tells by the lock on \a file whether somebody holds it. Where a file system has no locks, every
 /// file seems held.
@@ -191,6 +238,34 @@ QString commonDataFolder()
     return {};
 }
 
+QString temporaryFolder()
+{
+    for (const QString &folder :
+        {qEnvironmentVariable("TMPDIR"), QStringLiteral("/tmp"), QStringLiteral("/var/tmp")}) {
+        if (folder.startsWith(QLatin1Char('/')) && QFileInfo(folder).isDir())
+            return QDir(folder).canonicalPath();
+    }
+    return {};
+}
+
+QString runtimeFolder()
+{
+    // The path that Qt gives, which would also make the folder and log what it finds wrong.
+    QString path = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    if (!path.startsWith(QLatin1Char('/'))) {
+        const QString temporary = temporaryFolder();
+        if (temporary.isEmpty())
+            return {};
+        path = temporary + QLatin1String("/runtime-") + accountOf(geteuid()).name;
+    }
+    struct stat status;
+    if (lstat(QFile::encodeName(path).constData(), &status) != 0)
+        return path;
+    const bool isPrivate =
+        S_ISDIR(status.st_mode) && status.st_uid == geteuid() && (status.st_mode & 0777) == 0700;
+    return isPrivate ? path : QString();
+}
+
 QString colorFolder()
 {
     return QStandardPaths::locate(QStandardPaths::GenericDataLocation, QStringLiteral("color/icc"),
@@ -209,18 +284,8 @@ QString localApplicationDataText()
 
 QString userDisplayName()
 {
-    passwd account{};
-    passwd *found = nullptr;
-    std::vector<char> buffer(1024);
-    while (getpwuid_r(getuid(), &account, buffer.data(), buffer.size(), &found) == ERANGE
-        && buffer.size() < 1 << 20)
-        buffer.resize(buffer.size() * 2);
-    if (!found)
-        return {};
     // Office and telephone numbers follow the name, each behind a comma.
-    const QString name =
-        QString::fromLocal8Bit(found->pw_gecos).section(QLatin1Char(','), 0, 0).trimmed();
-    return name.isEmpty() ? QString::fromLocal8Bit(found->pw_name) : name;
+    return accountOf(getuid()).description.section(QLatin1Char(','), 0, 0);
 }
 
 QString windowsProductName()
@@ -230,7 +295,7 @@ QString windowsProductName()
 
 bool linkDirectory(const QString &link, const QString &folder)
 {
-    if (link.isEmpty() || folder.isEmpty())
+    if (link.isEmpty() || folder.isEmpty() || (link + folder).contains(QChar::Null))
         return false;
     // A relative text in a link would be taken from the link's own folder.
     return QFile::link(QFileInfo(folder).absoluteFilePath(), link);
@@ -262,6 +327,22 @@ bool openFile(QFile &file, const QString &path)
         return false;
     source.release();
     return true;
+}
+
+QString findProgram(const QString &name)
+{
+    if (name.isEmpty() || name.contains(QChar::Null))
+        return {};
+    const bool isPath = name.contains(QLatin1Char('/'));
+    for (QString path : isPath ? QStringList{QString()} : programFolders()) {
+        if (!path.isEmpty() && !path.endsWith(QLatin1Char('/')))
+            path += QLatin1Char('/');
+        path = absolute(path + name);
+        const QFileInfo file(path);
+        if (file.isFile() && file.isExecutable())
+            return path;
+    }
+    return {};
 }
 
 QByteArray readFile(const QString &path)
@@ -423,6 +504,11 @@ int quotaProcessors()
     return ProcFs::controlGroupProcessors();
 }
 
+qint64 memoryLimit()
+{
+    return ProcFs::controlGroupMemory();
+}
+
 ProcessorTopology processorTopology()
 {
     const ProcessorTopology told = ProcFs::topology();
@@ -439,7 +525,7 @@ Memory memory()
 Volume volumeOf(const QString &path)
 {
     const QList<ProcFs::Mount> mounts = ProcFs::mounts();
-    const ProcFs::Mount *mount = ProcFs::mountOf(path, mounts);
+    const ProcFs::Mount *mount = ProcFs::mountOf(absolute(path), mounts);
     return mount ? toVolume(*mount) : Volume();
 }
 
@@ -453,7 +539,7 @@ QList<Volume> volumes()
 
 bool ejectVolume(const Volume &volume)
 {
-    const QString drive = ProcFs::removableDrive(volume.device);
+    const QString drive = volume.isLocal ? ProcFs::removableDrive(volume.device) : QString();
     if (drive.isEmpty())
         return false;
     const bool unmounted =

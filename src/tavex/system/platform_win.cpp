@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QStringBuilder>
 #include <QUuid>
 
@@ -143,6 +144,16 @@ QString commonDataFolder()
     return QString::fromWCharArray(path.data());
 }
 
+QString temporaryFolder()
+{
+    return QDir::tempPath();
+}
+
+QString runtimeFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+}
+
 QString colorFolder()
 {
     std::array<wchar_t, 260> path{};
@@ -188,7 +199,8 @@ bool linkDirectory(const QString &link, const QString &folder)
 {
     constexpr int Timeout = 30000;
     const QString quote(QLatin1Char('"'));
-    if (link.isEmpty() || folder.isEmpty() || (link + folder).contains(quote))
+    if (link.isEmpty() || folder.isEmpty() || (link + folder).contains(quote)
+        || (link + folder).contains(QChar::Null))
         return false;
     // Always in quotation marks: QProcess would leave them out of a path without blanks, and the
     // shell would then run what follows an ampersand in it.
@@ -199,8 +211,24 @@ bool linkDirectory(const QString &link, const QString &folder)
     process.setProgram(QStringLiteral("cmd"));
     process.setNativeArguments(arguments.join(QLatin1Char(' ')));
     process.start(QIODevice::ReadWrite);
-    return process.waitForStarted(Timeout) && process.waitForFinished(Timeout)
-        && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    if (!process.waitForStarted(Timeout))
+        return false;
+    if (!process.waitForFinished(Timeout)) {
+        process.kill(); // A process that is destroyed while it runs is logged.
+        process.waitForFinished();
+        return false;
+    }
+    return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+}
+
+QString findProgram(const QString &name)
+{
+    const QString path = QDir::fromNativeSeparators(name);
+    if (name.isEmpty() || name.contains(QChar::Null))
+        return {};
+    // Without folders those of PATH count.
+    return QStandardPaths::findExecutable(
+        path, path.contains(QLatin1Char('/')) ? QStringList{QDir::currentPath()} : QStringList());
 }
 
 bool makePrivateDirectory(const QString &path)
@@ -358,6 +386,11 @@ int quotaProcessors()
     return 0;
 }
 
+qint64 memoryLimit()
+{
+    return 0;
+}
+
 ProcessorTopology processorTopology()
 {
     return {relationCount(RelationProcessorPackage), relationCount(RelationProcessorCore)};
@@ -380,7 +413,7 @@ Memory memory()
 
 Volume volumeOf(const QString &path)
 {
-    if (path.isEmpty())
+    if (path.isEmpty() || path.contains(QChar::Null))
         return {};
     const QString absolute = QDir::fromNativeSeparators(QDir(path).absolutePath());
     if (absolute.startsWith(QLatin1String("//"))) // A share: its server is not asked.

@@ -12,33 +12,43 @@
 
 namespace Quorvex::ProcFs {
 
-/// One line of /proc/self/mountinfo.
+/// A mount that paths can reach. All of it is told by /proc/self/mountinfo alone.
 struct Mount
 {
-    QString root; ///< The part of the file system that is mounted; "/" is all of it.
+    int id = 0;
+    int parent = 0; ///< The mount that has the point.
+    QString root;   ///< The part of the file system that is mounted; "/" is all of it.
     QString point;
     QString type;
     QString source;  ///< The device, or what the file system has in its place.
     QString options; ///< Those of the file system, separated by commas.
+    /// Whether this mount, and every one on the way to it, is of a type that isLocalType() knows.
+    bool isLocal = true;
 };
 
-/// In the order in which they are listed: of several on one point, the last is the visible one.
-/// There is always one at "/", of an unknown type if need be.
+/// The mounts that no other one hides; none if nothing is listed. Where the root of the process is
+/// no mount, as in a chroot, it has an empty type and counts as local: the program runs from there.
 [[nodiscard]] QList<Mount> mounts(const QString &root = QString());
 
-/// Whether file systems of this type ask a server, or mount one that does, when they are looked at.
-[[nodiscard]] bool isNetworkType(const QString &type);
+/// Whether file systems of this type need no answer of a server, of a program in user space or of
+/// another machine; false for a type that is not known.
+[[nodiscard]] bool isLocalType(const QString &type);
 
-/// The mount among \a mounts that holds \a path, or null if the path does not exist. Links are
-/// followed up to the border of a network volume, so that a dead server is never waited for.
+/// The mount among \a mounts that holds the absolute \a path, or null if that does not exist. Links
+/// are followed, but nothing is looked at in a mount that is not local, so that none is ever waited
+/// for: there the path counts as it is written, up to a "..".
 [[nodiscard]] const Mount *mountOf(const QString &path, const QList<Mount> &mounts);
 
-/// Those of \a mounts that hold files of people or programs, each visible one once.
+/// Those of \a mounts that hold files of people or programs.
 [[nodiscard]] QList<Mount> storageMounts(const QList<Mount> &mounts);
 
-/// How many processors' time the control groups of this process grant it, rounded up: the least
-/// quota of its group and of all groups above. 0 if there is no limit. Versions 1 and 2.
+/// What the control groups of this process, of version 1 or 2, grant it: the least limit of its
+/// group and of all groups above. 0 if there is none. Processors' time is rounded up, memory is in
+/// bytes.
+/// @{
 [[nodiscard]] int controlGroupProcessors(const QString &root = QString());
+[[nodiscard]] qint64 controlGroupMemory(const QString &root = QString());
+/// @}
 
 /// 0 where the kernel does not tell.
 [[nodiscard]] Platform::ProcessorTopology topology(const QString &root = QString());

@@ -9,8 +9,11 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <iterator>
 #include <limits>
+#include <map>
 #include <optional>
+#include <utility>
 
 #include <unistd.h>
 
@@ -55,14 +58,54 @@ bool isWithin(const QString &path, const QString &folder)
         && (path.size() == folder.size() || path.at(folder.size()) == QLatin1Char('/'));
 }
 
-/// The visible mount with the longest point that holds \a path, which is absolute and without
-/// links.
+/// The mount that holds \a path, which is absolute and without links.
 const Mount *holder(const QString &path, const QList<Mount> &mounts)
 {
     const Mount *found = nullptr;
     for (const Mount &mount : mounts) {
-        if (isWithin(path, mount.point) && (!found || mount.point.size() >= found->point.size()))
+        if (isWithin(path, mount.point) && (!found || mount.point.size() > found->point.size()))
             found = &mount;
+    }
+    return found;
+}
+
+/// Goes down from the root, as the kernel does, to the mounts that are not hidden.
+QList<Mount> reachable(const QList<Mount> &listed)
+{
+    // What hangs on nothing that is listed hangs on the root of the process.
+    constexpr int Top = -1;
+    const QString root = QStringLiteral("/");
+    QSet<int> ids;
+    for (const Mount &mount : listed)
+        ids.insert(mount.id);
+    std::multimap<std::pair<int, QString>, Mount> children; // With those within a point behind it.
+    for (const Mount &mount : listed) {
+        const bool isTop = mount.parent == mount.id || !ids.contains(mount.parent);
+        children.emplace(std::pair(isTop ? Top : mount.parent,
+                             mount.point == root ? root : mount.point + QLatin1Char('/')),
+            mount);
+    }
+
+    QList<Mount> found;
+    QList<Mount> pending{{Top, Top, root, root, {}, {}, {}}};
+    while (!pending.isEmpty()) {
+        Mount mount = pending.takeFirst(); // Local so far is the way to it.
+        auto child = children.lower_bound({mount.id, {}});
+        const auto isChild = [&] {
+            return child != children.end() && child->first.first == mount.id;
+        };
+        if (!isChild() || child->second.point != mount.point) {
+            mount.isLocal = mount.isLocal && (mount.id == Top || isLocalType(mount.type));
+            found.append(mount);
+        }
+        QString last; // It hides what is within it.
+        for (; isChild(); child = children.erase(child)) {
+            if (!last.isEmpty() && isWithin(child->second.point, last))
+                continue;
+            last = child->second.point;
+            pending.append(child->second);
+            pending.last().isLocal = mount.isLocal;
+        }
     }
     return found;
 }
@@ -88,36 +131,98 @@ qint64 quotaProcessors(const QByteArray &quota, const QByteArray &period)
     return q > 0 && p > 0 ? q / p + (q % p != 0) : 0;
 }
 
-/// The least limit in \a group, a path below the mount point \a top, and in the groups above it.
-qint64 leastLimit(const QString &top, QString group, bool isVersion2)
+/// What a group grants by itself; 0 if it has no limit.
+using GroupLimit = qint64(const QString &folder, bool isVersion2);
+
+qint64 processorLimit(const QString &folder, bool isVersion2)
 {
-    qint64 least = 0;
-    for (;;) {
-        const QString folder = top + group;
-        qint64 limit = 0;
-        if (isVersion2) {
-            const auto fields = contents(folder + QLatin1String("/cpu.max")).split(' ');
-            limit = quotaProcessors(fields.value(0), fields.value(1));
-        } else {
-            limit = quotaProcessors(contents(folder + QLatin1String("/cpu.cfs_quota_us")),
-                contents(folder + QLatin1String("/cpu.cfs_period_us")));
-        }
-        if (limit > 0 && (least == 0 || limit < least))
-            least = limit;
-        if (group.isEmpty())
-            return least;
-        group.truncate(qMax(group.lastIndexOf(QLatin1Char('/')), qsizetype(0)));
+    if (isVersion2) {
+        const auto fields = contents(folder + QLatin1String("/cpu.max")).split(' ');
+        return quotaProcessors(fields.value(0), fields.value(1));
     }
+    return quotaProcessors(contents(folder + QLatin1String("/cpu.cfs_quota_us")),
+        contents(folder + QLatin1String("/cpu.cfs_period_us")));
 }
 
-/// \a group, as /proc/self/cgroup names it, below the part of the hierarchy that is mounted.
-QString groupBelow(const QString &mountRoot, const QString &group)
+qint64 memoryLimit(const QString &folder, bool isVersion2)
 {
-    // A process that was moved out of its namespace has a group above the visible ones.
-    if (group.contains(QLatin1String("/..")) || !isWithin(group, mountRoot))
-        return {};
-    const QString below = mountRoot == QLatin1String("/") ? group : group.mid(mountRoot.size());
-    return below == QLatin1String("/") ? QString() : below;
+    const QLatin1String file(isVersion2 ? "/memory.max" : "/memory.limit_in_bytes");
+    return contents(folder + file).trimmed().toLongLong(); // "max" is 0.
+}
+
+qint64 lesser(qint64 a, qint64 b)
+{
+    return a > 0 && b > 0 ? qMin(a, b) : qMax(qMax(a, b), qint64(0));
+}
+
+/// Takes off the "/.." at the beginning of \a group and counts them.
+int takeParents(QString &group)
+{
+    int count = 0;
+    for (; group == QLatin1String("/..") || group.startsWith(QLatin1String("/../")); ++count)
+        group.remove(0, 3);
+    if (group == QLatin1String("/"))
+        group.clear();
+    return count;
+}
+
+/// The one of the groups \a group, \a depth levels below \a folder, that lists this process.
+QString findGroup(const QString &folder, const QString &group, int depth)
+{
+    if (depth == 0) {
+        const QString path = folder + group;
+        const auto processes = contents(path + QLatin1String("/cgroup.procs")).split('\n');
+        return processes.contains(QByteArray::number(getpid())) ? path : QString();
+    }
+    for (const QString &name :
+        QDir(folder).entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot)) {
+        QString path = findGroup(folder + QLatin1Char('/') + name, group, depth - 1);
+        if (!path.isEmpty())
+            return path;
+    }
+    return {};
+}
+
+/// The folder of \a group, as /proc/self/cgroup names it, where \a mountRoot is mounted at \a top;
+/// \a top if it is not there, as that of a process that was moved out of its namespace.
+QString groupFolder(const QString &top, QString mountRoot, QString group)
+{
+    // Both begin at the root of the namespace, and may lead up from it.
+    const int depth = takeParents(mountRoot) - takeParents(group);
+    if (depth == 0 && (mountRoot.isEmpty() || isWithin(group, mountRoot)))
+        return top + group.mid(mountRoot.size());
+    // From what is mounted to the namespace's root, nothing tells the names.
+    const QString found = depth > 0 && mountRoot.isEmpty() ? findGroup(top, group, depth) : top;
+    return found.isEmpty() ? top : found;
+}
+
+qint64 leastLimit(const QString &root, const char *controller, GroupLimit *limitOf)
+{
+    const QList<Mount> all = mounts(root);
+    qint64 least = 0;
+    for (const QByteArray &line : contents(root + QLatin1String("/proc/self/cgroup")).split('\n')) {
+        // id:controllers:path, where version 2 has no controllers
+        const qsizetype first = line.indexOf(':');
+        const qsizetype second = line.indexOf(':', first + 1);
+        if (first < 0 || second < 0)
+            continue;
+        const QByteArray controllers = line.mid(first + 1, second - first - 1);
+        const bool isVersion2 = controllers.isEmpty();
+        if (!isVersion2 && !controllers.split(',').contains(controller))
+            continue;
+        const auto mount = std::ranges::find_if(all, [&](const Mount &m) {
+            return isVersion2 ? m.type == QLatin1String("cgroup2")
+                              : m.type == QLatin1String("cgroup")
+                    && m.options.split(QLatin1Char(',')).contains(QLatin1String(controller));
+        });
+        if (mount == all.end())
+            continue;
+        const QString top = root + mount->point;
+        QString folder = groupFolder(top, mount->root, QFile::decodeName(line.mid(second + 1)));
+        for (; folder.size() >= top.size(); folder.truncate(folder.lastIndexOf(QLatin1Char('/'))))
+            least = lesser(least, limitOf(folder, isVersion2));
+    }
+    return least;
 }
 
 /// The bytes of a line such as "MemTotal:  24684092 kB".
@@ -145,37 +250,37 @@ QList<Mount> mounts(const QString &root)
         const qsizetype dash = fields.indexOf("-", 6);
         if (dash < 0 || fields.size() < dash + 4)
             continue;
-        list.append({unescaped(fields.at(3)), unescaped(fields.at(4)),
-            QString::fromLatin1(fields.at(dash + 1)), unescaped(fields.at(dash + 2)),
-            QString::fromLatin1(fields.at(dash + 3))});
+        list.append({fields.at(0).toInt(), fields.at(1).toInt(), unescaped(fields.at(3)),
+            unescaped(fields.at(4)), QString::fromLatin1(fields.at(dash + 1)),
+            unescaped(fields.at(dash + 2)), QString::fromLatin1(fields.at(dash + 3))});
     }
-    // Where the root of the process is no mount point, as in a chroot, nothing is listed for it.
-    const QString top = QStringLiteral("/");
-    if (std::ranges::find(list, top, &Mount::point) == list.end())
-        list.prepend({top, top, {}, {}, {}});
-    return list;
+    return list.isEmpty() ? list : reachable(list);
 }
 
-bool isNetworkType(const QString &type)
+bool isLocalType(const QString &type)
 {
-    static constexpr std::array types{"9p", "acfs", "afpfs", "afs", "auristorfs", "autofs",
-        "beegfs", "ceph", "cifs", "coda", "davfs", "fhgfs", "fuse.ceph", "fuse.cifs",
-        "fuse.curlftpfs", "fuse.davfs", "fuse.davfs2", "fuse.gcsfuse", "fuse.glusterfs",
-        "fuse.gvfsd-fuse", "fuse.juicefs", "fuse.mfs", "fuse.rclone", "fuse.s3fs", "fuse.smbnetfs",
-        "fuse.sshfs", "gfs2", "glusterfs", "gpfs", "lustre", "ncp", "ncpfs", "nfs", "nfs4", "ocfs2",
-        "orangefs", "panfs", "pvfs2", "smb3", "smbfs"};
-    return std::ranges::any_of(
-        types, [&](const char *network) { return type == QLatin1String(network); });
+    // On disks, which for fuseblk the kernel guarantees; in memory; of the kernel itself; over
+    // folders of others, of which the roots of containers are made.
+    static constexpr std::array types{"adfs", "affs", "apfs", "bcachefs", "befs", "bfs", "btrfs",
+        "cramfs", "efs", "erofs", "exfat", "ext2", "ext3", "ext4", "f2fs", "fuseblk", "hfs",
+        "hfsplus", "hpfs", "iso9660", "jffs2", "jfs", "minix", "msdos", "nilfs2", "ntfs", "ntfs3",
+        "omfs", "qnx4", "qnx6", "reiser4", "reiserfs", "romfs", "squashfs", "sysv", "ubifs", "udf",
+        "ufs", "umsdos", "v7", "vfat", "xfs", "yaffs2", "zfs", "zonefs", //
+        "devtmpfs", "hugetlbfs", "ramfs", "rootfs", "tmpfs",             //
+        "binder", "binfmt_misc", "bpf", "cgroup", "cgroup2", "configfs", "cpuset", "debugfs",
+        "devpts", "efivarfs", "functionfs", "fusectl", "mqueue", "nsfs", "proc", "pstore",
+        "resctrl", "securityfs", "selinuxfs", "smackfs", "sysfs", "tracefs", //
+        "aufs", "ecryptfs", "overlay", "shiftfs"};
+    return std::ranges::any_of(types, [&](const char *local) {
+        return type == QLatin1String(local);
+    }) || type.startsWith(QLatin1String("fuseblk."));
 }
 
 const Mount *mountOf(const QString &path, const QList<Mount> &mounts)
 {
-    if (path.isEmpty())
+    if (!path.startsWith(QLatin1Char('/')) || path.contains(QChar::Null))
         return nullptr;
-    // Not cleaned: what ".." means is only known once the links before it are followed.
-    const QString absolute =
-        QDir::isAbsolutePath(path) ? path : QDir::currentPath() + QLatin1Char('/') + path;
-    QStringList pending = absolute.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    QStringList pending = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
     QString resolved; // Stands for "/" when empty.
     for (int links = 0; !pending.isEmpty();) {
         const QString name = pending.takeFirst();
@@ -185,10 +290,20 @@ const Mount *mountOf(const QString &path, const QList<Mount> &mounts)
             resolved.truncate(qMax(resolved.lastIndexOf(QLatin1Char('/')), qsizetype(0)));
             continue;
         }
-        const QString next = resolved + QLatin1Char('/') + name;
+        QString next = resolved + QLatin1Char('/') + name;
         const Mount *mount = holder(next, mounts);
-        if (mount && isNetworkType(mount->type))
-            return mount;
+        if (!mount)
+            return nullptr;
+        if (!mount->isLocal) {
+            // Another one may be mounted in it, at a point that has no links.
+            for (const QString &part : pending) {
+                if (part == QLatin1String(".."))
+                    break;
+                if (part != QLatin1String("."))
+                    next += QLatin1Char('/') + part;
+            }
+            return holder(next, mounts);
+        }
         const std::optional<QString> target = linkTarget(next);
         // The kernel follows no more than 40 links either.
         if (!target || (!target->isEmpty() && ++links > 40))
@@ -210,49 +325,24 @@ QList<Mount> storageMounts(const QList<Mount> &mounts)
     static constexpr std::array types{
         "autofs", "fuse.gvfsd-fuse", "fuse.portal", "nsfs", "rootfs", "rpc_pipefs"};
     QList<Mount> list;
-    QSet<QString> seen;
-    for (auto mount = mounts.crbegin(); mount != mounts.crend(); ++mount) {
-        if (seen.contains(mount->point))
-            continue;
-        seen.insert(mount->point);
-        const bool isSystem = std::ranges::any_of(folders, [&](const char *folder) {
-            return isWithin(mount->point, QLatin1String(folder));
-        }) || std::ranges::any_of(types, [&](const char *type) {
-            return mount->type == QLatin1String(type);
-        });
-        if (!isSystem)
-            list.prepend(*mount);
-    }
+    std::ranges::copy_if(mounts, std::back_inserter(list), [](const Mount &mount) {
+        return std::ranges::none_of(folders,
+                   [&](const char *folder) { return isWithin(mount.point, QLatin1String(folder)); })
+            && std::ranges::none_of(
+                types, [&](const char *type) { return mount.type == QLatin1String(type); });
+    });
     return list;
 }
 
 int controlGroupProcessors(const QString &root)
 {
-    const QList<Mount> all = mounts(root);
-    qint64 least = 0;
-    for (const QByteArray &line : contents(root + QLatin1String("/proc/self/cgroup")).split('\n')) {
-        // id:controllers:path, where version 2 has no controllers
-        const qsizetype first = line.indexOf(':');
-        const qsizetype second = line.indexOf(':', first + 1);
-        if (first < 0 || second < 0)
-            continue;
-        const QByteArray controllers = line.mid(first + 1, second - first - 1);
-        const bool isVersion2 = controllers.isEmpty();
-        if (!isVersion2 && !controllers.split(',').contains("cpu"))
-            continue;
-        const auto mount = std::ranges::find_if(all, [&](const Mount &m) {
-            return isVersion2 ? m.type == QLatin1String("cgroup2")
-                              : m.type == QLatin1String("cgroup")
-                    && m.options.split(QLatin1Char(',')).contains(QLatin1String("cpu"));
-        });
-        if (mount == all.end())
-            continue;
-        const QString group = groupBelow(mount->root, QFile::decodeName(line.mid(second + 1)));
-        const qint64 limit = leastLimit(root + mount->point, group, isVersion2);
-        if (limit > 0 && (least == 0 || limit < least))
-            least = limit;
-    }
-    return static_cast<int>(qMin(least, qint64((std::numeric_limits<int>::max)())));
+    constexpr auto Most = qint64((std::numeric_limits<int>::max)());
+    return static_cast<int>(qMin(leastLimit(root, "cpu", processorLimit), Most));
+}
+
+qint64 controlGroupMemory(const QString &root)
+{
+    return leastLimit(root, "memory", memoryLimit);
 }
 
 Platform::ProcessorTopology topology(const QString &root)
@@ -282,6 +372,9 @@ Platform::Memory memory(const QString &root)
 
 QString removableDrive(const QString &device, const QString &root)
 {
+    // Programs choose what theirs have in a device's place, such as a path that leads elsewhere.
+    if (!device.startsWith(QLatin1String("/dev/")))
+        return {};
     const QString real = QFileInfo(root + device).canonicalFilePath();
     const QString block =
         QFileInfo(root + QLatin1String("/sys/class/block/") + QFileInfo(real).fileName())

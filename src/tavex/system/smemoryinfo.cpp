@@ -14,6 +14,12 @@ qint64 SMemoryInfo::available()
     return Platform::memory().available;
 }
 
+qint64 SMemoryInfo::limit()
+{
+    const qint64 limit = Platform::memoryLimit();
+    return limit > 0 ? qMin(limit, total()) : total();
+}
+
 qint64 SMemoryInfo::processUse()
 {
     return Platform::memory().processUse;

@@ -1,12 +1,12 @@
 #include <tavex/system/sshellcommandseeker.h>
 
-#include <QStandardPaths>
+#include <tavex/system/platform_p.h>
 
 namespace Quorvex {
 
 QString SShellCommandSeeker::find(const QString &name)
 {
-    return QStandardPaths::findExecutable(name);
+    return Platform::findProgram(name);
 }
 
 bool SShellCommandSeeker::exists(const QString &name)

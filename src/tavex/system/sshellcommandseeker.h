@@ -11,9 +11,11 @@ namespace Quorvex {
 class TAVEX_EXPORT SShellCommandSeeker
 {
 public:
-    /// The path of the executable file \a name in the folders of the variable PATH, or of \a name
-    /// itself if it is a path that is absolute; empty if there is none. Under Windows the extension
-    /// may be left out.
+    /// The absolute path of the program \a name in the folders of the variable PATH, of which an
+    /// empty one is the current folder; a name with a "/" is itself the path, from the current
+    /// folder on if it is relative. Empty if there is none. The path is not cleaned, because ".."
+    /// behind a link leads elsewhere. Under Windows "\" counts as "/", an empty folder is none, and
+    /// the extension may be left out.
     [[nodiscard]] static QString find(const QString &name);
 
     /// Whether find() finds \a name.

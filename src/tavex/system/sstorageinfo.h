@@ -14,18 +14,20 @@ struct Volume;
 /// The mounted volume that holds a path: a value, taken when it is constructed.
 ///
 /// Construction and every member that does not say otherwise go by the system's list of volumes,
-/// so that a network volume whose server is gone is never waited for. One object is used by one
-/// thread at a time.
+/// so that nothing is ever waited for but volumes that are known to be local. One object is used by
+/// one thread at a time.
 class TAVEX_EXPORT SStorageInfo
 {
 public:
     /// No volume.
     SStorageInfo() = default;
     /// The volume of \a path, a file or a folder, links followed. No volume if the path does not
-    /// exist; within a network volume that is not looked at.
+    /// exist, or if the system does not tell, as under Linux without /proc. Within a volume that is
+    /// not local nothing is looked at: the path counts as it is written, up to a "..".
     explicit SStorageInfo(const QString &path);
 
-    /// Every mounted volume, without those by which the system shows its own state.
+    /// Every mounted volume that paths can reach, without those by which the system shows its own
+    /// state. None if the system does not tell.
     [[nodiscard]] static QList<SStorageInfo> volumes();
 
     /// Whether it stands for a volume.
@@ -40,8 +42,9 @@ public:
     /// The file-system type, such as "ext4" or "NTFS"; may be empty for a network volume.
     [[nodiscard]] const QString &type() const noexcept { return m_type; }
 
-    /// Whether no server has to be asked for what is on the volume, by its file-system type. False
-    /// for no volume.
+    /// Whether it is known, by the file-system types of the volume and of those on the way to it,
+    /// that no server, other machine or program in user space has to answer for what is on it.
+    /// False for no volume.
     [[nodiscard]] bool isLocal() const noexcept { return m_isLocal; }
 
     /// The volume's label, or else rootPath(). Waits for the volume.
@@ -54,9 +57,9 @@ public:
     /// does not tell. Waits for the volume.
     [[nodiscard]] qint64 freeBytes() const;
 
-    /// Unmounts the volume and ejects its medium. False, and nothing happens, if the medium cannot
-    /// be removed; also false if the volume is in use or the user may not do this. Waits until it
-    /// is done.
+    /// Unmounts the volume and ejects its medium. False, and nothing happens, if the volume is not
+    /// local or the medium cannot be removed; also false if the volume is in use or the user may
+    /// not do this. Waits until it is done.
     bool eject();
 
 private:

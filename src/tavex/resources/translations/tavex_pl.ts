@@ -12,6 +12,11 @@
 <context>
     <name>S3rdParty</name>
     <message>
+        <source>en</source>
+        <extracomment>Never shown: the tag (BCP 47) of the language that these texts are in.</extracomment>
+        <translation>pl</translation>
+    </message>
+    <message>
         <source>Legal information</source>
         <extracomment>Title and heading of the page about the components that a program is built with.</extracomment>
         <translation>Informacje prawne</translation>
