@@ -26,16 +26,11 @@ std::optional<QStandardPaths::StandardLocation> standardLocation(SpecialFolder f
     return static_cast<QStandardPaths::StandardLocation>(value);
 }
 
-/// Variables with a separator at their end, and an empty HOME, leave doubled ones in Qt's paths.
-QString cleaned(const QString &path)
-{
-    return QDir::cleanPath(QDir::fromNativeSeparators(path));
-}
-
 QString standardFolder(QStandardPaths::StandardLocation location, bool writable)
 {
-    return cleaned(writable ? QStandardPaths::writableLocation(location)
-                            : QStandardPaths::standardLocations(location).value(0));
+    return QDir::fromNativeSeparators(writable
+            ? QStandardPaths::writableLocation(location)
+            : QStandardPaths::standardLocations(location).value(0));
 }
 
 } // namespace
@@ -46,15 +41,15 @@ QString SEnvironment::getFolder(SpecialFolder folder, bool writable)
         return standardFolder(*location, writable);
     switch (folder) {
     case SpecialFolder::RootLocation:
-        return writable ? QString() : cleaned(QDir::rootPath());
+        return writable ? QString() : QDir::rootPath();
     case SpecialFolder::CommonDataLocation: {
-        QString path = cleaned(Platform::commonDataFolder());
+        QString path = QDir::fromNativeSeparators(Platform::commonDataFolder());
         if (path.isEmpty() || (writable && !QFileInfo(path).isWritable()))
             return getFolder(SpecialFolder::GenericDataLocation, writable);
         return path;
     }
     case SpecialFolder::ColorFolder:
-        return cleaned(Platform::colorFolder());
+        return QDir::fromNativeSeparators(Platform::colorFolder());
     default:
         return {};
     }
@@ -144,7 +139,8 @@ QString SEnvironment::tempUniqueFileName(const QString &folder)
 QString SEnvironment::tempUniqueFolder(const QString &folder)
 {
     const QString path = tempUniqueFileName(folder);
-    return QDir().mkpath(path) ? path : QString();
+    const QString above = path.left(path.lastIndexOf(QLatin1Char('/')));
+    return QDir().mkpath(above) && Platform::makePrivateFolder(path) ? path : QString();
 }
 
 } // namespace Quorvex

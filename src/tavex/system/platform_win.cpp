@@ -1,6 +1,7 @@
 #include <tavex/system/platform_p.h>
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -161,6 +162,14 @@ QString windowsProductName()
         QStringLiteral("ProductName"));
 }
 
+QString absolutePath(const QString &path)
+{
+    // The system, too, takes away ".." by its text.
+    return path.isEmpty() || path.contains(QChar::Null)
+        ? QString()
+        : QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+}
+
 bool linkDirectory(const QString &link, const QString &folder)
 {
     constexpr int Timeout = 30000;
@@ -178,6 +187,48 @@ bool linkDirectory(const QString &link, const QString &folder)
     process.start(QIODevice::ReadWrite);
     return process.waitForStarted(Timeout) && process.waitForFinished(Timeout)
         && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+}
+
+bool makePrivateFolder(const QString &path)
+{
+    return QDir().mkdir(path); // The rights are those of the folder above.
+}
+
+bool removeFolder(const QString &path)
+{
+    if (QDir(path).isRoot())
+        return false;
+    QDirIterator entries(
+        path, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    while (entries.hasNext()) {
+        const QString name = entries.next();
+        const QFileInfo info(name);
+        const bool isLink = info.isSymLink() || info.isJunction(); // QDir would follow the latter.
+        if (info.isDir() && !isLink)
+            (void)removeFolder(name);
+        else if (!QFile::remove(name) && !QDir().rmdir(name) && !isLink)
+            // It may be read-only.
+            (void)(QFile::setPermissions(name, QFile::ReadUser | QFile::WriteUser)
+                && QFile::remove(name));
+    }
+    return QDir().rmdir(path);
+}
+
+ProcessMark::ProcessMark()
+    : m_process(&m_ordinary)
+{
+}
+
+ProcessMark::~ProcessMark() = default;
+
+bool ProcessMark::set() noexcept
+{
+    return m_process->exchange(1) == 1;
+}
+
+bool ProcessMark::isSet() const noexcept
+{
+    return *m_process == 1;
 }
 
 QByteArray readFile(const QString &path)
