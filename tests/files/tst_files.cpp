@@ -1,6 +1,20 @@
 #include "common.h"
 
+#ifdef Q_OS_UNIX
+#include <sched.h>
+#include <sys/wait.h>
 #include <unistd.h>
+
+/// What \a function returns in a child that then ends as programs do.
+static int inChild(const auto &function)
+{
+    if (fork() == 0)
+        std::exit(function());
+    int status = -1;
+    wait(&status);
+    return WEXITSTATUS(status);
+}
+#endif
 
 class TestFiles : public QObject
 {
@@ -58,7 +72,47 @@ private Q_SLOTS:
         QCOMPARE(closed.data(), "abc");
         QVERIFY(!SFileHelper::copyDevice(&closed, nullptr, 5));
         QVERIFY(!SFileHelper::copyDevice(nullptr, &source, 5));
+        QFile nowhere(path("none/file"));
+        QFile nameless;
+        QSaveFile save(path("saved")); // Its close() ends the process.
+        for (QIODevice *refused : QList<QIODevice *>{&nowhere, &nameless, &save}) {
+            QVERIFY(!SFileHelper::copyDevice(&closed, refused, 5));
+            QVERIFY(!SFileHelper::copyDevice(refused, &closed, 5));
+        }
+        QVERIFY(save.open(QFile::WriteOnly) && SFileHelper::copyDevice(&save, &closed, 5));
+        QVERIFY(save.commit() && closed.data() == "abc" && !closed.isOpen());
+        QCOMPARE(SFileHelper::readAllBuffer(&closed, &byte, 1, 0), -1);
+        QCOMPARE(SFileHelper::writeAllBuffer(&closed, &byte, 1, 0), -1);
     }
+
+#ifdef Q_OS_UNIX
+    // Three that say from the start that they are at their end, and two that cannot be read.
+    void streams()
+    {
+        for (const bool copies : {true, false}) {
+            int ends[2];
+            QVERIFY(pipe(ends) == 0 && write(ends[1], "piped\n", 6) == 6 && close(ends[1]) == 0);
+            QFile piped;
+            QFile made(string("/proc/self/comm"));
+            QFile memory(string("/proc/self/mem"));
+            QFile written(path("written"));
+            QProcess ended;
+            ended.start(string("echo"), {string("ended")});
+            QVERIFY(piped.open(ends[0], QFile::ReadOnly, QFile::AutoCloseHandle)
+                && made.open(QFile::ReadOnly) && memory.open(QFile::ReadOnly)
+                && written.open(QFile::WriteOnly) && ended.waitForFinished());
+            QByteArray all;
+            for (QIODevice *source : QList<QIODevice *>{&piped, &made, &ended, &memory, &written}) {
+                QBuffer target;
+                char bytes[99];
+                const qint64 count = copies ? 0 : SFileHelper::readAllBuffer(source, bytes, 99, 0);
+                const bool ok = copies ? SFileHelper::copyDevice(&target, source, 4) : count >= 0;
+                all += !ok ? "-" : copies ? target.data() : QByteArray(bytes, count);
+            }
+            QCOMPARE(all, "piped\ntst_files\nended\n--");
+        }
+    }
+#endif
 
     // What fits Qt's own buffer is refused only when that is emptied.
     void fullDisk()
@@ -73,6 +127,14 @@ private Q_SLOTS:
             QCOMPARE(SFileHelper::copyDevice(&full, &target, 1000), size == 0 && full.isOpen());
             QVERIFY(!SFileHelper::copyDevice(&nowhere, &target, 1000) && !target.isOpen());
         }
+#ifdef Q_OS_UNIX
+        QVERIFY(QFile::link(full.fileName(), path("full")));
+        {
+            STemporaryFile file(path("full"));
+            QVERIFY(file.open(QFile::WriteOnly) && file.write("x") == 1);
+        }
+        QVERIFY(!QFileInfo(path("full")).isSymLink());
+#endif
     }
 
     void names()
@@ -106,33 +168,38 @@ private Q_SLOTS:
             STemporaryFile other;
             QVERIFY(file.open(QFile::WriteOnly) && other.open(QFile::WriteOnly));
             QVERIFY(QFile::exists(other.fileName()) && file.copy(path("x/copy")));
+            QVERIFY(SSysInfo::isWindows() || !(other.permissions() & QFile::Permissions(0x77)));
             QVERIFY(file.copy(path("x/kept/.hidden")));
             ended.setFileName(other.fileName());
         }
         QVERIFY(!ended.exists());
         QVERIFY(QDir::setCurrent(path("x/kept"))); // What an empty path is not to stand for.
         QVERIFY(SDir(string(".")).link(path("x/link")) && !SDir({}).link(path("x/none")));
-        const QStringList names{path("x/gone"), path("x/late"), path("x/link/"), path("x/gone")};
+        QVERIFY(SDir(path("x/gone")).link(path("x/dangling")));
+        QVERIFY(SDir(path("x/kept")).link(path("x/gone/below/link")));
+        const QStringList names{
+            path("x/gone"), path("x/late"), path("x/link//./"), path("x/gone"), path("x/dangling")};
         QCOMPARE(SFileHelper::deleteOnExit(names), names);
         for (const QString &name : {names.at(0), names.at(1), path("x/copy")})
             QCOMPARE(SFileHelper::deleteOnExit(name), name);
         for (const QString &name : {path("x/never"), QString()})
             QCOMPARE(SFileHelper::deleteFolderOnExit(name), name);
-        for (const QString &name : {path("x/copy"), QString()})
+        for (const QString &name : {path("x/copy"), path("x/lost"), QString()})
             QCOMPARE(SFileHelper::deleteFileOnExit(name), name);
 #ifdef Q_OS_UNIX
         QVERIFY(QFile::exists(path("x/link/.hidden")));
         for (const bool deletesNow : {false, true}) {
             QVERIFY(SDir(deep).link(path("x/child")));
-            if (fork() == 0) {
+            inChild([&] {
                 if (deletesNow)
                     SFileHelper::deleteNow();
                 SFileHelper::deleteOnExit(path("x/child"));
-                std::exit(0);
-            }
-            QTRY_VERIFY(!QFile::exists(path("x/child")));
+                return 0;
+            });
+            QVERIFY(!QFile::exists(path("x/child")));
             QVERIFY(QFile::exists(path("x/gone")) && QFile::exists(path("x/copy")));
         }
+        QVERIFY(QFile::link(path("x/copy"), path("x/lost")));
 #endif
         QVERIFY(QFile::exists(path("x/gone")) && QDir().mkdir(path("x/late")));
         SFileHelper::deleteNow();
@@ -145,6 +212,54 @@ private Q_SLOTS:
             QStringList(
                 {path("x/kept"), path("x/kept/.hidden"), deep, path("x/late"), path("x/never")}));
     }
+
+    // What ".." means: to Windows what the text says, elsewhere the folder above the link's target.
+    void parents()
+    {
+        const QString here = path(SSysInfo::isWindows() ? "up" : "up/a");
+        const QString other = path(SSysInfo::isWindows() ? "up/a" : "up");
+        for (const char *folder : {"up/a/b", "up/a/gone/x", "up/gone/x"})
+            QVERIFY(QDir().mkpath(path(folder)));
+        QVERIFY(QFile(other + string("/f")).open(QFile::WriteOnly));
+        QVERIFY(SDir(path("up/a/b")).link(path("up/l")) && QDir::setCurrent(path("up")));
+        QVERIFY(SDir(string("l/../gone/x")).link(string("l/../link")));
+        {
+            STemporaryFile file(string("l/../link/f"));
+            STemporaryFile named;
+            named.setFileName(string("l/../f"));
+            QVERIFY(file.open(QFile::WriteOnly) && named.open(QFile::WriteOnly));
+            QVERIFY(
+                QFile::exists(here + string("/gone/x/f")) && QFile::exists(here + string("/f")));
+            SFileHelper::deleteFolderOnExit(string("l/../gone/x/.."));
+            SFileHelper::deleteFileOnExit(string("l/../link"));
+            QVERIFY(QDir::setCurrent(m_folder.path()));
+        }
+        SFileHelper::deleteNow();
+        for (const char *name : {"/gone", "/f"})
+            QVERIFY(!QFile::exists(here + string(name)) && QFile::exists(other + string(name)));
+        QVERIFY(QFile::exists(other + string("/gone/x")) && QFile::exists(path("up/l")));
+        QVERIFY(!QFileInfo(here + string("/link")).isSymLink());
+    }
+
+#ifdef Q_OS_UNIX
+    // Two processes of the number 1, each in a namespace of its own.
+    void sameNumber()
+    {
+        const QString own = path("own");
+        const int result = inChild([&] {
+            unshare(CLONE_NEWPID);
+            return inChild([&] {
+                QFile(SFileHelper::deleteFileOnExit(own)).open(QFile::WriteOnly);
+                unshare(CLONE_NEWPID);
+                const bool same = getpid() == inChild([] { return getpid(); });
+                return same ? int(QFile::exists(own)) : 2;
+            });
+        });
+        if (result == 2)
+            QSKIP("Needs the right to make namespaces");
+        QVERIFY(result == 1 && !QFile::exists(own));
+    }
+#endif
 
 private:
     QString path(const char *name) const
