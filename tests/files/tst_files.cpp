@@ -78,6 +78,7 @@ private Q_SLOTS:
         for (QIODevice *refused : QList<QIODevice *>{&nowhere, &nameless, &save}) {
             QVERIFY(!SFileHelper::copyDevice(&closed, refused, 5));
             QVERIFY(!SFileHelper::copyDevice(refused, &closed, 5));
+            QVERIFY(!SEnumHelper::writeTranslatorXML(refused, {}));
         }
         QVERIFY(save.open(QFile::WriteOnly) && SFileHelper::copyDevice(&save, &closed, 5));
         QVERIFY(save.commit() && closed.data() == "abc" && !closed.isOpen());

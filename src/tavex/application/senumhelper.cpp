@@ -1,5 +1,7 @@
 #include <tavex/application/senumhelper.h>
 
+#include <tavex/core/device_p.h>
+
 #include <QFile>
 
 namespace Quorvex {
@@ -12,7 +14,7 @@ bool SEnumHelper::writeTranslatorXML(const QString &fileName, const QString &doc
 
 bool SEnumHelper::writeTranslatorXML(QIODevice *device, const QString &document)
 {
-    if (!device || !device->open(QIODevice::WriteOnly))
+    if (!device || !openDevice(device, QIODevice::WriteOnly))
         return false;
     device->write(document.toUtf8());
     device->close();

@@ -1,13 +1,12 @@
 #include <tavex/files/sfilehelper.h>
 
+#include <tavex/core/device_p.h>
 #include <tavex/system/platform_p.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileDevice>
 #include <QFileInfo>
-#include <QSaveFile>
-#include <QTemporaryFile>
 #include <QThread>
 
 #include <memory>
@@ -70,19 +69,6 @@ bool copyOpen(QIODevice *target, QIODevice *source, quint64 bufferSize)
         }
     }
     return false;
-}
-
-/// Opens a device that is closed; false, too, for those that only their owner can.
-bool open(QIODevice *device, QIODevice::OpenMode mode)
-{
-    // To close a QSaveFile ends the process: it has to be committed.
-    if (qobject_cast<QSaveFile *>(device))
-        return false;
-    // Qt reports a file without a name to the log, unless it is one that finds its own.
-    const auto *file = qobject_cast<QFile *>(device);
-    const bool isNameless =
-        file && file->fileName().isEmpty() && !qobject_cast<const QTemporaryFile *>(file);
-    return !isNameless && device->open(mode);
 }
 
 /// What is to be deleted at the end. It belongs to one process: fork() gives the child a copy,
@@ -223,10 +209,10 @@ bool SFileHelper::copyDevice(QIODevice *target, QIODevice *source, quint64 buffe
         return false;
     // The source first: if there is none, the target stays as it is.
     const bool opensSource = !source->isOpen();
-    if (opensSource && !open(source, QIODevice::ReadOnly))
+    if (opensSource && !openDevice(source, QIODevice::ReadOnly))
         return false;
     const bool opensTarget = !target->isOpen();
-    bool success = (!opensTarget || open(target, QIODevice::WriteOnly))
+    bool success = (!opensTarget || openDevice(target, QIODevice::WriteOnly))
         && copyOpen(target, source, bufferSize);
 
     // A file takes small pieces without an error and learns only later that they do not fit.
