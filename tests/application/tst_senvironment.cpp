@@ -120,8 +120,8 @@ private Q_SLOTS:
         const QString deep = parent.filePath(string("Größe/子"));
         const QString made = SEnvironment::tempUniqueFolder(deep);
         QVERIFY(folderOf(made) == deep && QDir(made).exists());
-        QVERIFY(
-            SSysInfo::isWindows() || !(QFileInfo(made).permissions() & QFile::Permissions(0x77)));
+        const int others = SSysInfo::isWindows() ? 0 : 0x77;
+        QVERIFY(!(QFileInfo(made).permissions() & QFile::Permissions(others)));
         // Below a file no folder can be made.
         QVERIFY(SEnvironment::tempUniqueFolder(QCoreApplication::applicationFilePath()).isEmpty());
     }
