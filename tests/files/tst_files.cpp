@@ -30,9 +30,8 @@ private Q_SLOTS:
             const bool ok = SFileHelper::copyDevice(&target, &source, size);
             return target.data() + (ok ? '+' : '-');
         };
-        QCOMPARE(copy({3, 0, 0}, {1, 1}, 5), "abcdefg+");
+        QCOMPARE(copy({3, 0, 0}, {1, 1}, 5) + copy({5}, {1, 0}, 5), "abcdefg+afg+");
         QCOMPARE(copy({3, -1}, {}, 5) + copy({}, {2, -1}, 5), "abc-ab-");
-        QCOMPARE(copy({5}, {1, 0}, 5), "afg+");
         QCOMPARE(copy({}, {}, 0) + copy({}, {}, ~0ULL), "--");
         const auto read = [](const Portions &reads, qint64 size) {
             Device source(reads, "abcdefg");
@@ -47,12 +46,10 @@ private Q_SLOTS:
             return SFileHelper::readAllBuffer(&source, bytes, 5, 0);
         };
         QVERIFY(count({3, 0}) == 3 && count({3, -1}) == -1 && count({}) == 5 && read({}, 1) == "a");
-        Device target({2, 1, 2, 2, 0, 2, -1});
+        Device target({2, 1, 9, 2, 0, 2, -1});
         for (const int taken : {5, 2, -1})
             QCOMPARE(SFileHelper::writeAllBuffer(&target, "abcde", 5, 0), taken);
         QCOMPARE(target.data(), "abcdeabab");
-        Device begun({2});
-        QCOMPARE(SFileHelper::writeAllBuffer(&begun, "abcde", 5, 0), 5);
         for (const int waits : {2, -1}) {
             target.m_waits = waits;
             QCOMPARE(SFileHelper::writeAllBuffer(&target, "a", 1, 1), waits < 0 ? -1 : 1);
@@ -69,7 +66,6 @@ private Q_SLOTS:
         QBuffer closed;
         Device source({}, "abc");
         QVERIFY(SFileHelper::copyDevice(&closed, &source, 5) && !closed.isOpen());
-        QCOMPARE(closed.data(), "abc");
         QFile nowhere(path("none/file"));
         QFile nameless;
         QSaveFile save(path("saved")); // Its close() ends the process.
@@ -117,7 +113,6 @@ private Q_SLOTS:
             Device source({}, QByteArray(size, 'x'));
             QVERIFY(SFileHelper::copyDevice(&target, &source, 70'000) && target.size() == size);
             QCOMPARE(SFileHelper::copyDevice(&full, &target, 1000), size == 0 && full.isOpen());
-            QVERIFY(!target.isOpen());
         }
     }
 
@@ -146,7 +141,7 @@ private Q_SLOTS:
     {
         const QString deep = path("x/kept/") + QString(127, QChar(0x5D0)) + QLatin1Char('x');
         QVERIFY(QDir().mkpath(deep) && QDir().mkpath(path("x/gone/below")));
-        QVERIFY(QFile::link(string("/dev/full"), path("x/full")));
+        QVERIFY(SSysInfo::isWindows() || QFile::link(string("/dev/full"), path("x/full")));
         STemporaryFile ended;
         {
             STemporaryFile full(path("x/full"));
@@ -154,9 +149,8 @@ private Q_SLOTS:
             STemporaryFile file(path("x/file"));
             STemporaryFile other;
             QVERIFY(file.open(QFile::WriteOnly) && other.open(QFile::WriteOnly));
-            QVERIFY(QFile::exists(other.fileName()) && file.copy(path("x/copy")));
+            QVERIFY(file.copy(path("x/copy")) && file.copy(path("x/kept/.hidden")));
             QVERIFY(SSysInfo::isWindows() || !(other.permissions() & QFile::Permissions(0x77)));
-            QVERIFY(file.copy(path("x/kept/.hidden")));
             ended.setFileName(other.fileName());
         }
         QVERIFY(!ended.exists());
@@ -164,30 +158,16 @@ private Q_SLOTS:
         QVERIFY(SDir(string(".")).link(path("x/link")) && !SDir({}).link(path("x/none")));
         QVERIFY(SDir(path("x/gone")).link(path("x/dangling")));
         QVERIFY(SDir(path("x/kept")).link(path("x/gone/below/link")));
-        const QStringList names{
-            path("x/gone"), path("x/late"), path("x/link//./"), path("x/gone"), path("x/dangling")};
+        const QStringList names{path("x/gone"), path("x/late"), path("x/link//./"), path("x/gone"),
+            path("x/dangling"), path("x/copy")};
         QCOMPARE(SFileHelper::deleteOnExit(names), names);
-        for (const QString &name : {names.at(0), names.at(1), path("x/copy")})
-            QCOMPARE(SFileHelper::deleteOnExit(name), name);
+        QCOMPARE(SFileHelper::deleteOnExit(names.at(0)), names.at(0));
         for (const QString &name : {path("x/never"), QString()})
             QCOMPARE(SFileHelper::deleteFolderOnExit(name), name);
         for (const QString &name : {path("x/copy"), path("x/lost"), QString()})
             QCOMPARE(SFileHelper::deleteFileOnExit(name), name);
-#ifdef Q_OS_UNIX
-        QVERIFY(QFile::exists(path("x/link/.hidden")));
-        for (const bool deletesNow : {false, true}) {
-            QVERIFY(SDir(deep).link(path("x/child")));
-            inChild([&] {
-                if (deletesNow)
-                    SFileHelper::deleteNow();
-                SFileHelper::deleteOnExit(path("x/child"));
-                return 0;
-            });
-            QVERIFY(!QFile::exists(path("x/child")));
-            QVERIFY(QFile::exists(path("x/gone")) && QFile::exists(path("x/copy")));
-        }
-        QVERIFY(QFile::link(path("x/copy"), path("x/lost")));
-#endif
+        QVERIFY(SSysInfo::isWindows() || QFile::exists(path("x/link/.hidden")));
+        QVERIFY(SSysInfo::isWindows() || QFile::link(path("x/copy"), path("x/lost")));
         QVERIFY(QFile::exists(path("x/gone")) && QDir().mkdir(path("x/late")));
         SFileHelper::deleteNow();
         QVERIFY(QDir().mkdir(path("x/never"))); // It was not there when it could be deleted.
@@ -208,8 +188,8 @@ private Q_SLOTS:
         for (const QString &folder : {here, other})
             QVERIFY(QDir().mkpath(folder + string("/gone/x"))
                 && QFile(folder + string("/f")).open(QFile::WriteOnly));
-        QVERIFY(QDir().mkdir(path("up/a/b")) && SDir(path("up/a/b")).link(path("up/l")));
-        QVERIFY(QDir::setCurrent(path("up")));
+        QVERIFY(QDir().mkdir(path("up/a/b")) && QDir::setCurrent(path("up")));
+        QVERIFY(SDir(path("up/a/b")).link(path("up/l")));
         QVERIFY(SDir(string("l/../gone/x")).link(string("l/../link")));
         {
             const STemporaryFile unopened(string("l/../f"));
@@ -230,18 +210,19 @@ private Q_SLOTS:
 
 #ifdef Q_OS_UNIX
     // Parent and child both have the number 1 where namespaces are allowed.
-    void sameNumber()
+    void children()
     {
         const QString own = path("own");
-        QVERIFY(inChild([&] {
-            unshare(CLONE_NEWPID);
-            return inChild([&] {
-                QFile(SFileHelper::deleteFileOnExit(own)).open(QFile::WriteOnly);
+        for (void (*const use)() : {+[] {}, +[] { SFileHelper::deleteNow(); },
+                 +[] { SFileHelper::deleteFileOnExit(string("none")); }})
+            QVERIFY(inChild([&] {
                 unshare(CLONE_NEWPID);
-                return inChild([] { return 0; }) == 0 && QFile::exists(own);
-            });
-        }));
-        QVERIFY(!QFile::exists(own));
+                return inChild([&] {
+                    QFile(SFileHelper::deleteFileOnExit(own)).open(QFile::WriteOnly);
+                    unshare(CLONE_NEWPID);
+                    return inChild([&] { return use(), 0; }) == 0 && QFile::exists(own);
+                });
+            }) && !QFile::exists(own));
     }
 #endif
 
