@@ -97,7 +97,7 @@ public:
     void update()
     {
         const QFileInfo &file = m_task->file();
-        setToolTip(Name, QDir::toNativeSeparators(file.absoluteFilePath()));
+        setToolTip(Name, QDir::toNativeSeparators(QDir::current().filePath(file.filePath())));
         if (file.exists()) {
             const QLocale locale;
             setText(Size, readableSize(file.size(), locale));

@@ -1,7 +1,8 @@
 #include <tavex/application/senumhelper.h>
 
+#include <tavex/core/device_p.h>
+
 #include <QFile>
-#include <QTemporaryFile>
 
 namespace Quorvex {
 
@@ -13,11 +14,7 @@ bool SEnumHelper::writeTranslatorXML(const QString &fileName, const QString &doc
 
 bool SEnumHelper::writeTranslatorXML(QIODevice *device, const QString &document)
 {
-    // Qt logs that a file is open already or has no name, which a temporary one gets by itself.
-    const auto *file = qobject_cast<QFile *>(device);
-    const bool isNameless =
-        file && file->fileName().isEmpty() && !qobject_cast<QTemporaryFile *>(device);
-    if (!device || device->isOpen() || isNameless || !device->open(QIODevice::WriteOnly))
+    if (!device || !openDevice(device, QIODevice::WriteOnly))
         return false;
     device->write(document.toUtf8());
     device->close();

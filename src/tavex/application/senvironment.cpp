@@ -26,16 +26,11 @@ std::optional<QStandardPaths::StandardLocation> standardLocation(SpecialFolder f
     return static_cast<QStandardPaths::StandardLocation>(value);
 }
 
-/// Variables with a separator at their end, and an empty HOME, leave doubled ones in Qt's paths.
-QString cleaned(const QString &path)
-{
-    return QDir::cleanPath(QDir::fromNativeSeparators(path));
-}
-
 QString standardFolder(QStandardPaths::StandardLocation location, bool writable)
 {
-    return cleaned(writable ? QStandardPaths::writableLocation(location)
-                            : QStandardPaths::standardLocations(location).value(0));
+    return QDir::fromNativeSeparators(writable
+            ? QStandardPaths::writableLocation(location)
+            : QStandardPaths::standardLocations(location).value(0));
 }
 
 } // namespace
@@ -44,19 +39,19 @@ QString SEnvironment::getFolder(SpecialFolder folder, bool writable)
 {
     switch (folder) {
     case SpecialFolder::TempLocation:
-        return cleaned(Platform::temporaryFolder());
+        return QDir::fromNativeSeparators(Platform::temporaryFolder());
     case SpecialFolder::RuntimeLocation:
-        return cleaned(Platform::runtimeFolder());
+        return QDir::fromNativeSeparators(Platform::runtimeFolder());
     case SpecialFolder::RootLocation:
-        return writable ? QString() : cleaned(QDir::rootPath());
+        return writable ? QString() : QDir::rootPath();
     case SpecialFolder::CommonDataLocation: {
-        QString path = cleaned(Platform::commonDataFolder());
+        QString path = QDir::fromNativeSeparators(Platform::commonDataFolder());
         if (path.isEmpty() || (writable && !QFileInfo(path).isWritable()))
             return getFolder(SpecialFolder::GenericDataLocation, writable);
         return path;
     }
     case SpecialFolder::ColorFolder:
-        return cleaned(Platform::colorFolder());
+        return QDir::fromNativeSeparators(Platform::colorFolder());
     default:
         break;
     }
@@ -151,7 +146,7 @@ QString SEnvironment::tempUniqueFolder(const QString &folder)
 {
     const QString path = tempUniqueFileName(folder);
     const bool isPath = !path.isEmpty() && !path.contains(QChar::Null);
-    return isPath && QDir().mkpath(path) ? path : QString();
+    return isPath && Platform::makePrivateDirectory(path) ? path : QString();
 }
 
 } // namespace Quorvex

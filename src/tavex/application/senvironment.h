@@ -11,8 +11,9 @@ namespace Quorvex {
 /// The environment that the application runs in: special folders, user, line endings, versions of
 /// Qt, and names for temporary files.
 ///
-/// Folders have "/" as separator and none at the end. All members may be called from any thread,
-/// but not while another changes the environment's variables.
+/// Folders have "/" as separator. Otherwise they are as Qt and the environment's variables have
+/// them: a link may stand before a "..", and "/" at the end. All members may be called from any
+/// thread, but not while another changes the environment's variables.
 class TAVEX_EXPORT SEnvironment
 {
 public:
@@ -100,7 +101,8 @@ public:
     /// gives. Nothing is made there. Empty if there is no temporary folder.
     [[nodiscard]] static QString tempUniqueFileName(const QString &folder);
 
-    /// The same for a folder, which is made with all folders above it; empty if that fails.
+    /// The same for a folder, which is made, for this user only, with all folders above it; empty
+    /// if that fails.
     [[nodiscard]] static QString tempUniqueFolder(const QString &folder);
 };
 

@@ -1,21 +1,31 @@
 #include <tavex/files/sfilehelper.h>
 
+#include <tavex/core/device_p.h>
 #include <tavex/core/lasting_p.h>
+#include <tavex/system/platform_p.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileDevice>
 #include <QFileInfo>
 #include <QThread>
 
-#include <atomic>
 #include <memory>
 #include <mutex>
 #include <new>
 
 namespace Quorvex {
 namespace {
+
+/// QIODevice::read(), but 0 at the end of a device that Qt lets say -1 there: of a socket that is
+/// closed or a process that has ended. Of a file, -1 is an error.
+qint64 readSome(QIODevice *device, char *data, qint64 size)
+{
+    const qint64 count = device->read(data, size);
+    const bool isEnd = count < 0 && device->isSequential() && !qobject_cast<QFileDevice *>(device)
+        && device->atEnd();
+    return isEnd ? 0 : count;
+}
 
 /// Writes the chunk; false for an error.
 bool writeChunk(QIODevice *target, const char *data, qint64 size)
@@ -38,23 +48,28 @@ bool copyOpen(QIODevice *target, QIODevice *source, quint64 bufferSize)
     constexpr int Pause = 1;
     constexpr int MaxPauses = 30000;
 
+    if (!source->isReadable() || !target->isWritable())
+        return false;
     const std::unique_ptr<char[]> chunk(new (std::nothrow) char[bufferSize]);
-    int pauses = 0;
-    while (!source->atEnd()) {
-        if (!chunk || bufferSize == 0 || !source->isReadable() || !target->isWritable())
-            return false;
-        const qint64 count = source->read(chunk.get(), qint64(bufferSize));
+    if (!chunk || bufferSize == 0) {
+        char byte;
+        return source->peek(&byte, 1) == 0 && source->atEnd();
+    }
+    for (int pauses = 0; pauses <= MaxPauses;) {
+        const qint64 count = readSome(source, chunk.get(), qint64(bufferSize));
         if (count < 0 || !writeChunk(target, chunk.get(), count))
             return false;
         if (count > 0) {
             pauses = 0;
+        } else if (source->atEnd()) {
+            // Not asked earlier: a pipe, or a file that the system makes up, always says so.
+            return true;
         } else if (!source->waitForReadyRead(-1)) {
-            if (++pauses > MaxPauses)
-                return false;
+            ++pauses;
             QThread::msleep(Pause);
         }
     }
-    return true;
+    return false;
 }
 
 /// What is to be deleted at the end. It belongs to one process: fork() gives the child a copy,
@@ -74,7 +89,7 @@ public:
     {
         // Asked before the lock is taken, which another thread of the parent may have held when the
         // child was made.
-        if (m_process == QCoreApplication::applicationPid())
+        if (m_process.isSet())
             deleteNow();
     }
 
@@ -86,46 +101,50 @@ public:
         const std::lock_guard lock(m_mutex);
         forgetParent();
         m_folders.removeIf(&deleteFolder);
-        m_files.removeIf(
-            [](const QString &path) { return !QFile::exists(path) || QFile::remove(path); });
+        m_files.removeIf(&deleteFile);
     }
 
 private:
     void add(QList<QString> *list, const QString &path)
     {
-        if (path.isEmpty())
+        const QString absolute = Platform::absolutePath(path);
+        if (absolute.isEmpty())
             return;
         const std::lock_guard lock(m_mutex);
         forgetParent();
-        list->append(QFileInfo(path).absoluteFilePath());
+        list->append(absolute);
     }
 
     void forgetParent()
     {
-        const qint64 process = QCoreApplication::applicationPid();
-        if (m_process.exchange(process) != process) {
+        if (!m_process.set()) {
             m_files.clear();
             m_folders.clear();
         }
     }
 
-    /// True if the folder is gone.
+    /// True if the file is gone, or the link.
+    static bool deleteFile(const QString &path)
+    {
+        const QFileInfo info(path);
+        return QFile::remove(path) || !(info.exists() || info.isSymLink());
+    }
+
+    /// True if no folder is there any more.
     static bool deleteFolder(const QString &path)
     {
-        if (!QFileInfo(path).isDir())
+        const QFileInfo info(path);
+        const bool isLink = info.isSymLink() || info.isJunction();
+        if (!info.isDir() && !(isLink && !info.exists()))
             return true;
-        // What is behind a link is to stay. With a "/" at its end the path would lead there.
-        const QString name = path.endsWith(QLatin1Char('/')) ? path.chopped(1) : path;
-        const QFileInfo info(name);
-        if (info.isSymLink() || info.isJunction())
-            return QFile::remove(name) || QDir().rmdir(name);
-        return QDir(path).removeRecursively();
+        // What is behind a link is to stay.
+        return isLink ? QFile::remove(path) || QDir().rmdir(path) : Platform::removeFolder(path);
     }
 
     QList<QString> m_files;
     QList<QString> m_folders;
     std::mutex m_mutex;
-    std::atomic<qint64> m_process = QCoreApplication::applicationPid();
+    Platform::ProcessMark m_process;
 };
 
 } // namespace
@@ -134,15 +153,13 @@ qint64 SFileHelper::readAllBuffer(QIODevice *device, char *data, qint64 size, in
 {
     if (size <= 0)
         return 0;
-    if (!device || !data)
+    if (!device || !data || !device->isReadable())
         return -1;
     qint64 count = 0;
     while (count < size) {
         if (timeout != 0 && device->bytesAvailable() == 0 && !device->waitForReadyRead(timeout))
             return -1;
-        if (device->atEnd())
-            break;
-        const qint64 read = device->read(data + count, size - count);
+        const qint64 read = readSome(device, data + count, size - count);
         if (read < 0)
             return -1;
         if (read == 0)
@@ -169,7 +186,7 @@ QByteArray SFileHelper::readAllBuffer(QIODevice *device, qint64 size, int timeou
 
 qint64 SFileHelper::writeAllBuffer(QIODevice *device, const char *data, qint64 size, int timeout)
 {
-    if (!device || (!data && size > 0))
+    if (!device || (size > 0 && (!data || !device->isWritable())))
         return -1;
     qint64 count = 0;
     while (count < size) {
@@ -191,20 +208,19 @@ bool SFileHelper::copyDevice(QIODevice *target, QIODevice *source, quint64 buffe
 {
     if (!target || !source)
         return false;
-    const bool opensTarget = !target->isOpen();
+    // The source first: if there is none, the target stays as it is.
     const bool opensSource = !source->isOpen();
-    if (opensTarget)
-        target->open(QIODevice::WriteOnly);
-    if (opensSource)
-        source->open(QIODevice::ReadOnly);
-
-    bool success = copyOpen(target, source, bufferSize);
+    if (opensSource && !openDevice(source, QIODevice::ReadOnly))
+        return false;
+    const bool opensTarget = !target->isOpen();
+    bool success = (!opensTarget || openDevice(target, QIODevice::WriteOnly))
+        && copyOpen(target, source, bufferSize);
 
     // A file takes small pieces without an error and learns only later that they do not fit.
     auto *file = qobject_cast<QFileDevice *>(target);
     if (file && file->isOpen())
         success = file->flush() && success;
-    if (opensTarget)
+    if (opensTarget && target->isOpen())
         target->close();
     if (file && opensTarget)
         success = success && file->error() == QFileDevice::NoError;

@@ -19,11 +19,13 @@ class TAVEX_EXPORT SFileHelper
 public:
     /// Reads until \a data holds \a size bytes, the device is at its end or it gives nothing.
     /// Returns the number of bytes read; 0 at once if \a size is not positive. -1 if reading fails,
-    /// if \a device or \a data is null, or if there is a \a timeout and nothing arrives in time.
+    /// if \a device cannot be read, if it or \a data is null, or if there is a \a timeout and
+    /// nothing arrives in time.
     ///
     /// \a timeout, in milliseconds, is how long to wait each time that the device has no data; 0
-    /// does not wait, -1 waits without limit. A device that cannot wait, such as a file or a
-    /// buffer, fails at its end with any timeout but 0.
+    /// only waits where reading itself does, as from a pipe, and -1 waits without limit. A device
+    /// that cannot wait, such as a file or a buffer, fails with any timeout but 0 when it knows of
+    /// no more data: at its end, and a pipe or a file in /proc at once.
     [[nodiscard]] static qint64 readAllBuffer(
         QIODevice *device, char *data, qint64 size, int timeout);
 
@@ -40,15 +42,16 @@ public:
         QIODevice *device, const char *data, qint64 size, int timeout);
 
     /// Copies what is left of \a source to \a target, up to \a bufferSize bytes at a time. Devices
-    /// that are not open are opened and, at the end, closed again; a file that is opened for
-    /// writing is emptied.
+    /// that are not open are opened, the source first, and at the end closed again; a file that is
+    /// opened for writing is emptied. A QSaveFile has to be open: to commit it is up to its owner.
     ///
-    /// The copy is complete when the source is at its end. A source that has none and gives nothing
-    /// is waited for; one that cannot wait is asked again for half a minute. Mind that a socket or
-    /// a process without data, and a source that cannot be opened, say that they are at their end.
+    /// The copy is complete when a read has brought nothing and the source says that it is at its
+    /// end. A source that does not say so and gives nothing is waited for; one that cannot wait is
+    /// asked again for half a minute. Mind that a socket or a running process says so whenever it
+    /// has no data.
     ///
-    /// False if a device is null, cannot be read or written, or gives nothing for too long; if a
-    /// file cannot store what was written to it, which may come out only when it is flushed or
+    /// False if a device is null, cannot be opened, read or written, or gives nothing for too long;
+    /// if a file cannot store what was written to it, which may come out only when it is flushed or
     /// closed; and if there is something to copy but no memory for the buffer or \a bufferSize is
     /// 0. The target then holds part of the data. A target that takes no byte of a chunk, without
     /// an error, loses the rest of that chunk, and the copy goes on.
@@ -61,14 +64,17 @@ public:
 
     // What is registered here is deleted by deleteNow(), and at the latest when the library is
     // unloaded or the process ends by returning from main() or calling exit(). Relative paths count
-    // from where the process is when they are registered. A child that the process forked deletes
+    // from where the process is when they are registered; links in a path are followed when it is
+    // deleted, also before a "..", but for the last name. A child that the process forked deletes
     // nothing of what its parent registered. Each returns its argument.
 
-    /// Registers a file, which need not exist. An empty path is ignored.
+    /// Registers a file, which need not exist. An empty path is ignored, as is a relative one where
+    /// the current folder has been removed.
     static const QString &deleteFileOnExit(const QString &path);
 
-    /// Registers a folder, which need not exist, with all that is in it. Of a link to a folder only
-    /// the link is deleted. An empty path is ignored.
+    /// Registers a folder, which need not exist, with all that is in it. Of a link to a folder, or
+    /// to nothing, the link is deleted, and what is behind it stays; so does the root. The same
+    /// paths are ignored.
     static const QString &deleteFolderOnExit(const QString &path);
 
     /// Registers a file or a folder; nothing if it does not exist.

@@ -1,6 +1,7 @@
 #include <tavex/files/stemporaryfile.h>
 
 #include <tavex/application/senvironment.h>
+#include <tavex/system/platform_p.h>
 
 namespace Quorvex {
 
@@ -10,7 +11,7 @@ STemporaryFile::STemporaryFile(const QString &fileName)
 }
 
 STemporaryFile::STemporaryFile(const QString &fileName, QObject *parent)
-    : QFile(fileName, parent)
+    : QFile(Platform::absolutePath(fileName), parent)
 {
 }
 
@@ -21,8 +22,22 @@ STemporaryFile::STemporaryFile(QObject *parent)
 
 STemporaryFile::~STemporaryFile()
 {
+    // Apart from remove(), which leaves the file if its last bytes could not be written.
+    QFile::close();
     if (!fileName().isEmpty())
         remove();
+}
+
+bool STemporaryFile::open(OpenMode mode)
+{
+    if (!isOpen()) // The name may have been set since.
+        setFileName(Platform::absolutePath(fileName()));
+#if QT_VERSION >= QT_VERSION_CHECK(6, 3, 0)
+    return QFile::open(mode, ReadOwner | WriteOwner);
+#else
+    const bool isNew = !exists();
+    return QFile::open(mode) && (!isNew || setPermissions(ReadOwner | WriteOwner));
+#endif
 }
 
 } // namespace Quorvex

@@ -7,7 +7,8 @@
 namespace Quorvex {
 
 /// A file that is closed and deleted with its object. It is made, like that of any QFile, when it
-/// is opened.
+/// is opened; then it is readable and writable for this user only. A relative name counts from
+/// where the process is when it is given, and fileName() is absolute.
 class TAVEX_EXPORT STemporaryFile : public QFile
 {
     Q_OBJECT
@@ -22,6 +23,9 @@ public:
     explicit STemporaryFile(QObject *parent = nullptr);
     Q_DISABLE_COPY_MOVE(STemporaryFile)
     ~STemporaryFile() override;
+
+    using QFile::open;
+    bool open(OpenMode mode) override;
 };
 
 } // namespace Quorvex

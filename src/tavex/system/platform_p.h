@@ -4,6 +4,7 @@
 #include <QList>
 #include <QString>
 
+#include <atomic>
 #include <cstdint>
 
 class QFile;
@@ -40,6 +41,10 @@ namespace Quorvex::Platform {
 /// "Windows 10 Enterprise LTSC 2019" and the like.
 [[nodiscard]] QString windowsProductName();
 
+/// \a path from the root, without "/" or "/." at its end. What a ".." in it means is left to the
+/// system. Empty if there is no such path, as when the current folder has been removed.
+[[nodiscard]] QString absolutePath(const QString &path);
+
 /// Makes \a link, which must not exist yet, a link to the directory \a folder. Waits for up to a
 /// minute where a program has to do it.
 [[nodiscard]] bool linkDirectory(const QString &link, const QString &folder);
@@ -54,6 +59,28 @@ namespace Quorvex::Platform {
 
 /// The absolute path of the program that the shell runs as \a name; empty if there is none.
 [[nodiscard]] QString findProgram(const QString &name);
+
+/// Removes the folder, which is no link, with all that is in it. Follows no link in it. False if
+/// something has to stay, or if it is the root.
+[[nodiscard]] bool removeFolder(const QString &path);
+
+/// Remembers in which process it was set. A child made by fork() finds it not set, also one that
+/// has the number of its parent in a namespace of its own.
+class ProcessMark
+{
+public:
+    ProcessMark();
+    Q_DISABLE_COPY_MOVE(ProcessMark)
+    ~ProcessMark();
+
+    /// Sets it, and returns whether this process had done so before.
+    bool set() noexcept;
+    [[nodiscard]] bool isSet() const noexcept;
+
+private:
+    std::atomic<qint64> m_ordinary = 0;
+    std::atomic<qint64> *m_process; ///< In memory that fork() clears, if the system has such.
+};
 
 /// All that the file at \a path has; empty if openFile() would not open it, or if it cannot be read
 /// to its end.

@@ -15,6 +15,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <memory>
 #include <new>
 #include <utility>
@@ -27,6 +28,7 @@
 #include <sched.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
+#include <sys/mman.h>
 #include <sys/mount.h>
 #include <sys/sendfile.h>
 #include <sys/stat.h>
@@ -90,16 +92,6 @@ public:
 private:
     int m_number;
 };
-
-/// \a path from the root on; empty for an empty one, or if the current folder was removed. It is
-/// not cleaned: what ".." means is only known once the links before it are followed.
-QString absolute(const QString &path)
-{
-    if (path.isEmpty() || path.startsWith(QLatin1Char('/')))
-        return path;
-    const QString current = QDir::currentPath();
-    return current.isEmpty() ? QString() : current + QLatin1Char('/') + path;
-}
 
 struct Account
 {
@@ -229,7 +221,27 @@ void removeAbandonedFile(int folder, const char *name)
     } else {
         unlinkat(folder, name, 0);
     }
-}
+    /// Removes what can be removed from the folder that \a file is open on, and closes it. Nobody
+    /// leads this elsewhere by putting a link in the place of a folder meanwhile: names count from
+    /// the open folder, and the last one is not followed.
+    void emptyFolder(int file)
+    {
+        DIR *const folder = fdopendir(file);
+        if (!folder) {
+            if (file >= 0)
+                close(file);
+            return;
+        }
+        while (const dirent *const entry = readdir(folder)) {
+            const char *const name = entry->d_name;
+            if (std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0
+                || unlinkat(file, name, 0) == 0)
+                continue;
+            emptyFolder(openat(file, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+            unlinkat(file, name, AT_REMOVEDIR);
+        }
+        closedir(folder);
+    }
 
 } // namespace
 
@@ -293,12 +305,68 @@ QString windowsProductName()
     return {};
 }
 
+QString absolutePath(const QString &path)
+{
+    const QLatin1Char slash('/');
+    if (path.isEmpty() || path.contains(QChar::Null))
+        return {};
+    QString absolute = QFileInfo(path).filePath(); // With its folder for one of Qt's prefixes.
+    if (!absolute.startsWith(slash)) {
+        const QString current = QDir::currentPath();
+        if (current.isEmpty())
+            return {};
+        absolute.prepend(current + slash);
+    }
+    while (
+        absolute.size() > 1 && (absolute.endsWith(slash) || absolute.endsWith(QLatin1String("/."))))
+        absolute.chop(1);
+    return absolute;
+}
+
 bool linkDirectory(const QString &link, const QString &folder)
 {
-    if (link.isEmpty() || folder.isEmpty() || (link + folder).contains(QChar::Null))
-        return false;
     // A relative text in a link would be taken from the link's own folder.
-    return QFile::link(QFileInfo(folder).absoluteFilePath(), link);
+    const QByteArray target = QFile::encodeName(absolutePath(folder));
+    const QByteArray name = QFile::encodeName(absolutePath(link));
+    return !target.isEmpty() && symlink(target.constData(), name.constData()) == 0;
+}
+
+bool removeFolder(const QString &path)
+{
+    // A folder cannot be removed as "..".
+    const QByteArray name = QFile::encodeName(QFileInfo(path).canonicalFilePath());
+    if (name.isEmpty() || name == "/")
+        return false;
+    emptyFolder(open(name.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    return rmdir(name.constData()) == 0;
+}
+
+ProcessMark::ProcessMark()
+    : m_process(&m_ordinary)
+{
+    void *const page = mmap(
+        nullptr, sizeof(m_ordinary), PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (page == MAP_FAILED)
+        return;
+    m_process = new (page) std::atomic<qint64>(0);
+    madvise(page, sizeof(m_ordinary), MADV_WIPEONFORK);
+}
+
+ProcessMark::~ProcessMark()
+{
+    if (m_process != &m_ordinary)
+        munmap(m_process, sizeof(m_ordinary));
+}
+
+bool ProcessMark::set() noexcept
+{
+    const qint64 process = getpid();
+    return m_process->exchange(process) == process;
+}
+
+bool ProcessMark::isSet() const noexcept
+{
+    return *m_process == getpid();
 }
 
 bool makePrivateDirectory(const QString &path)
@@ -337,7 +405,7 @@ QString findProgram(const QString &name)
     for (QString path : isPath ? QStringList{QString()} : programFolders()) {
         if (!path.isEmpty() && !path.endsWith(QLatin1Char('/')))
             path += QLatin1Char('/');
-        path = absolute(path + name);
+        path = absolutePath(path + name);
         const QFileInfo file(path);
         if (file.isFile() && file.isExecutable())
             return path;
@@ -525,7 +593,7 @@ Memory memory()
 Volume volumeOf(const QString &path)
 {
     const QList<ProcFs::Mount> mounts = ProcFs::mounts();
-    const ProcFs::Mount *mount = ProcFs::mountOf(absolute(path), mounts);
+    const ProcFs::Mount *mount = ProcFs::mountOf(absolutePath(path), mounts);
     return mount ? toVolume(*mount) : Volume();
 }
 

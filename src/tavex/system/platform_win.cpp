@@ -1,6 +1,7 @@
 #include <tavex/system/platform_p.h>
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -195,6 +196,14 @@ QString windowsProductName()
         QStringLiteral("ProductName"));
 }
 
+QString absolutePath(const QString &path)
+{
+    // The system, too, takes away ".." by its text.
+    return path.isEmpty() || path.contains(QChar::Null)
+        ? QString()
+        : QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+}
+
 bool linkDirectory(const QString &link, const QString &folder)
 {
     constexpr int Timeout = 30000;
@@ -240,6 +249,43 @@ bool openFile(QFile &file, const QString &path)
 {
     file.setFileName(path);
     return file.open(QIODevice::ReadOnly);
+}
+
+bool removeFolder(const QString &path)
+{
+    if (QDir(path).isRoot())
+        return false;
+    QDirIterator entries(
+        path, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    while (entries.hasNext()) {
+        const QString name = entries.next();
+        const QFileInfo info(name);
+        const bool isLink = info.isSymLink() || info.isJunction(); // QDir would follow the latter.
+        if (info.isDir() && !isLink)
+            (void)removeFolder(name);
+        else if (!QFile::remove(name) && !QDir().rmdir(name) && !isLink)
+            // It may be read-only.
+            (void)(QFile::setPermissions(name, QFile::ReadUser | QFile::WriteUser)
+                && QFile::remove(name));
+    }
+    return QDir().rmdir(path);
+}
+
+ProcessMark::ProcessMark()
+    : m_process(&m_ordinary)
+{
+}
+
+ProcessMark::~ProcessMark() = default;
+
+bool ProcessMark::set() noexcept
+{
+    return m_process->exchange(1) == 1;
+}
+
+bool ProcessMark::isSet() const noexcept
+{
+    return *m_process == 1;
 }
 
 QByteArray readFile(const QString &path)
