@@ -25,20 +25,20 @@ int actAsChild(const QStringList &arguments)
         TavexApplication::restart();
         return 0;
     }
-    const bool isEarly = way == QLatin1String("--reboot-early");
-    if (isEarly) { // Before there is a loop. The end of the second one is none of its business.
-        TavexApplication::reboot(6);
-        QTimer::singleShot(0, [] { QCoreApplication::exit(3); });
-        QCoreApplication::exec();
-    }
-    QTimer::singleShot(0, [&] {
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&way] {
         if (way == QLatin1String("--reboot-twice"))
             TavexApplication::reboot(6);
         else if (way != QLatin1String("--reboot"))
             QCoreApplication::exit(7);
-        if (!isEarly)
+        if (way != QLatin1String("--reboot-early"))
             TavexApplication::reboot(7);
     });
+    timer.start(0);
+    if (way == QLatin1String("--reboot-early")) { // The end of the second loop is not its business.
+        TavexApplication::reboot(6);
+        QCoreApplication::exec();
+    }
     return QCoreApplication::exec();
 }
 
@@ -243,7 +243,8 @@ private Q_SLOTS:
             QVERIFY(QDir().mkpath(folder));
             QProcess process;
             process.setWorkingDirectory(folder);
-            process.setProcessChannelMode(QProcess::ForwardedChannels); // It ends before the others.
+            process.setProcessChannelMode(
+                QProcess::ForwardedChannels); // It ends before the others.
             process.start(QCoreApplication::applicationFilePath(),
                 {string(way), folder + string("/log"), string("a b"), {}, string("\"c\"")});
             QVERIFY(process.waitForFinished());
