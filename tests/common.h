@@ -4,7 +4,7 @@
 
 #include <QtTest>
 
-#include <barrier>
+#include <atomic>
 #include <limits>
 #include <memory>
 #include <thread>
@@ -51,13 +51,16 @@ struct Device : QBuffer
     qint64 m_waits = 0;
 };
 
-/// Calls the functions at once, each on a thread of its own, and waits for them.
+/// Calls the functions at once, each on a thread of its own, and waits for them. (The threads do
+/// not sleep until all are there: what GCC 12 for Windows has for that, std::barrier too, loses
+/// wake-ups.)
 template <typename... Functions>
 void together(Functions... functions)
 {
-    std::barrier start(sizeof...(functions));
-    const std::jthread threads[] = {std::jthread([&start, functions] {
-        start.arrive_and_wait();
+    std::atomic missing = sizeof...(functions);
+    const std::jthread threads[] = {std::jthread([&missing, functions] {
+        for (--missing; missing > 0;)
+            std::this_thread::yield();
         functions();
     })...};
 }

@@ -2,6 +2,10 @@
 
 namespace {
 
+enum Packed { Number = 131084 };
+
+static_assert(!std::is_constructible_v<SVersion, double> && !std::is_assignable_v<SVersion, float>);
+
 struct Counted
 {
     Counted() { ++alive; }
@@ -100,6 +104,9 @@ private Q_SLOTS:
         QVERIFY(version < 131085U && version >= qint64(131084) && 1 < version);
         QVERIFY(SVersion::invalidVersion() != 0xFFFFFFFFU && SVersion::invalidVersion() < 0U);
         QVERIFY(version + 1 == SVersion(2, 0, 13) && version - 1L == SVersion(2, 0, 11));
+        // What the language takes for a number counts as one.
+        QVERIFY(version == Number && Number == version && version - Number == SVersion());
+        QVERIFY(SVersion('a') == 'a' && SVersion(1) == true && version > true && 'a' < version);
     }
 
     void readsVersions()

@@ -57,14 +57,20 @@ private:
     quint64 m_kind;
 };
 
-/// Hears of changes and rejects negative numbers.
+/// Hears of changes, rejects negative numbers and may hide its values.
 class Owner : public SMetadatable
 {
 public:
     using SMetadatable::SMetadatable;
     using SMetadatable::operator=;
 
+    [[nodiscard]] QList<IMetadata *> metadataList() const override
+    {
+        return isHiding ? QList<IMetadata *>() : SMetadatable::metadataList();
+    }
+
     std::vector<quint64> changes;
+    bool isHiding = false;
 
 protected:
     void onMetadataChanged(const quint64 &id) override { changes.push_back(id); }
@@ -122,6 +128,7 @@ private Q_SLOTS:
         QCOMPARE(SMetaDouble(0.0001).toString(QLocale::English), string("0.0001"));
         QCOMPARE(SMetaInt32(1e10).value(), Max<int>);
         QCOMPARE(SMetaUInt8(-3.9).value(), quint8(0));
+        QCOMPARE(SMetaListInt32({}).size() + SMetaListBool({}).size(), 0);
 
         // The base can be given what the class does not hold.
         SMetaInt32 number(1);
@@ -217,6 +224,8 @@ private Q_SLOTS:
         Owner owner; // A derived class narrows what it takes.
         owner = source;
         QCOMPARE(owner.changes, std::vector<quint64>{2});
+        owner.isHiding = true; // A copy sees what an assignment sees.
+        QCOMPARE(SMetadatable(owner).metadataCount(), 0);
         owner = static_cast<Interfaces::IMetadatable *>(nullptr);
         QCOMPARE(owner.metadataCount(), 0);
     }
@@ -228,7 +237,7 @@ private Q_SLOTS:
         struct Slot
         {
             Counted *value = nullptr;
-            Counted *spare = nullptr; // Handed over while an equal one was stored.
+            std::set<Counted *> spares; // Handed over while an equal one was stored.
         };
         QRandomGenerator random(20240229);
         Owner owner;
@@ -250,14 +259,16 @@ private Q_SLOTS:
                 for (quint64 id = 0; id < model.size(); ++id) {
                     if (model[id].value)
                         changes.push_back(id);
-                    model[id] = {stored(id), nullptr};
+                    model[id] = {stored(id), {}};
                 }
             } else if (operation < 100) {
                 owner.removeMetadata(kind);
-                slot = {};
+                slot.value = nullptr;
             } else {
-                // The stored value, the spare, which may have changed since, or a new one.
-                Counted *value = operation < 200 ? slot.value : slot.spare;
+                // The stored value, a spare, which may have changed since, or a new one.
+                Counted *value = operation < 200 ? slot.value
+                    : slot.spares.empty()        ? nullptr
+                                                 : *slot.spares.begin();
                 const bool isNew = !value || operation >= 300;
                 if (isNew)
                     value = new Counted(kind, 0);
@@ -272,17 +283,21 @@ private Q_SLOTS:
                 QCOMPARE(owner.setMetadata(value, take), number >= 0);
                 if (replaces) {
                     QCOMPARE(stored(kind) == value, take);
-                    slot = {stored(kind), nullptr};
+                    if (slot.value)
+                        slot.spares.clear();
+                    slot.value = stored(kind);
+                    slot.spares.erase(slot.value);
                     QCOMPARE(slot.value->number(), number);
                     changes.push_back(kind);
                 } else if (isNew && !own) {
-                    slot.spare = value;
+                    slot.spares.insert(value);
                 }
             }
             std::set<const IMetadata *> living;
             for (quint64 id = 0; id < model.size(); ++id) {
                 QCOMPARE(stored(id), model[id].value);
-                living.insert({model[id].value, model[id].spare});
+                living.insert(model[id].value);
+                living.insert(model[id].spares.begin(), model[id].spares.end());
             }
             living.erase(nullptr);
             QCOMPARE(Counted::alive, living);

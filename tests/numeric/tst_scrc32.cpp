@@ -57,6 +57,13 @@ static_assert(Feedable<long> && Feedable<std::size_t> && Feedable<char> && Feeda
 static_assert(
     !Feedable<bool> && !Feedable<wchar_t> && !Feedable<char[4]> && !Feedable<const char *>);
 
+// A number is not taken for the address of data.
+#define REFUSED(CALL)                                                                              \
+    !std::is_invocable_v<decltype([](auto crc) -> decltype(crc.CALL) { return 0; }), SCrc32>
+static_assert(REFUSED(update(0, 5)) && REFUSED(update(1, 0, 5)) && REFUSED(update(crc, 0, 2, 'x')));
+static_assert(REFUSED(calculate(0, 5.0)) && REFUSED(calculate(0, 2, 5)) && REFUSED(hash(0, 2, 5)));
+static_assert(!REFUSED(update(nullptr, 5)) && !REFUSED(update(1, "", 0)) && !REFUSED(update(0)));
+
 } // namespace
 
 class TestSCrc32 : public QObject
@@ -77,6 +84,8 @@ private Q_SLOTS:
         QCOMPARE(uint(crc), crc.value());
         crc.clear();
         QVERIFY(crc == -1 && crc == Q_INT64_C(0xFFFFFFFF) && crc != Q_INT64_C(-1));
+        enum Unscoped { All = 0xFFFFFFFF };
+        QVERIFY(crc == All && 'a' != crc && crc != true);
     }
 
     void matchesDefinition()
@@ -177,7 +186,7 @@ private Q_SLOTS:
             QCOMPARE(crc.update(number), expected);
             QCOMPARE(crc.calculate(number), expected);
         };
-        check(1, QByteArray("\1\0\0\0", 4));
+        check(0x04030201, QByteArray("\1\2\3\4"));
         check(short(-2), QByteArray("\xFE\xFF", 2));
         check('a', QByteArray("a"));
         check(1.0F, QByteArray("\0\0\x80\x3F", 4));

@@ -20,6 +20,9 @@ uint schrage(uint state)
     return static_cast<int>(next) < 0 ? next + Modulus : next;
 }
 
+static_assert(!std::is_invocable_v<decltype([](auto r) -> decltype(r.defaultSeed(0)) { return 0; }),
+              SRandom>);
+
 } // namespace
 
 class TestSRandom : public QObject

@@ -10,8 +10,11 @@ private Q_SLOTS:
         using Limits = std::numeric_limits<qsizetype>;
         const SArray<int> zeros(1000);
         QCOMPARE(std::count(zeros.begin(), zeros.end(), 0), 1000);
-        for (const qsizetype size : {qsizetype(0), qsizetype(-1), (Limits::min)()})
+        for (const qsizetype size : {qsizetype(0), qsizetype(-1), (Limits::min)(), (Limits::max)(),
+                 (Limits::max)() / 4 + 1, (Limits::max)() / 4}) {
             QVERIFY(SArray<int>(size).isEmpty() && SArray<int>(size) == SArray<int>());
+            QVERIFY(SArray<char>(size).isEmpty() && SArray<QString>(size).isEmpty());
+        }
 
         SArray<QString> array(3);
         array[0] = string("x");

@@ -6,11 +6,11 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QList>
 #include <QUrl>
 
 #include <algorithm>
 #include <mutex>
+#include <vector>
 
 namespace Quorvex {
 namespace {
@@ -23,10 +23,13 @@ struct Module
     SVersion version;
 };
 
+/// The threads share no list that one of them could write into, only texts.
+using Modules = std::vector<Module>;
+
 struct Registry
 {
     std::mutex mutex;
-    QList<Module> modules;
+    Modules modules;
 };
 
 Registry &registry()
@@ -35,7 +38,7 @@ Registry &registry()
     return registry.get();
 }
 
-QList<Module> allModules()
+Modules allModules()
 {
     Registry &r = registry();
     const std::scoped_lock lock(r.mutex);
@@ -45,9 +48,10 @@ QList<Module> allModules()
 /// A copy of the component \a name, or an empty one.
 Module find(const QString &name)
 {
-    const QList<Module> modules = allModules();
-    const auto module = std::ranges::find(modules, name, &Module::name);
-    return module == modules.end() ? Module() : *module;
+    Registry &r = registry();
+    const std::scoped_lock lock(r.mutex);
+    const auto module = std::ranges::find(r.modules, name, &Module::name);
+    return module == r.modules.end() ? Module() : *module;
 }
 
 QString tr(const char *text)
@@ -122,7 +126,7 @@ void S3rdParty::registerModule(
     const Module added{name, licensePath, site, version};
     const auto module = std::ranges::find(r.modules, name, &Module::name);
     if (module == r.modules.end())
-        r.modules.append(added);
+        r.modules.push_back(added);
     else
         *module = added;
 }
@@ -195,10 +199,9 @@ pre { padding: 1rem; overflow-x: auto; white-space: pre-wrap; font-size: .8rem; 
 
     QString rows;
     QString sections;
-    const QList<Module> modules = allModules();
-    for (qsizetype i = 0; i < modules.size(); ++i) {
-        const Module &module = modules.at(i);
-        const QString number = QString::number(i + 1);
+    int count = 0;
+    for (const Module &module : allModules()) {
+        const QString number = QString::number(++count);
         const QString name = pageText(module.name).toHtmlEscaped();
         const QString text = readLicence(module.licensePath);
         QString licence = tr("The text of this licence is not available.");

@@ -12,6 +12,8 @@
 #include <QLibraryInfo>
 #include <QProcess>
 #include <QSet>
+#include <QThread>
+#include <QVersionNumber>
 
 #include <algorithm>
 #include <memory>
@@ -313,9 +315,16 @@ void TavexApplication::reboot(int exitCode)
     QCoreApplication *application = QCoreApplication::instance();
     if (!application)
         return;
-    QObject::connect(application, &QCoreApplication::aboutToQuit, application,
-        &TavexApplication::restart, Qt::DirectConnection);
+    const QMetaObject::Connection atQuit = QObject::connect(application,
+        &QCoreApplication::aboutToQuit, application, &TavexApplication::restart,
+        static_cast<Qt::ConnectionType>(Qt::DirectConnection | Qt::SingleShotConnection));
+    // Without an event loop nothing quits, though newer Qt would emit the signal.
+    if (application->thread()->loopLevel() == 0)
+        return;
     QCoreApplication::exit(exitCode);
+    // From 6.5 on it comes within exit(), but only within the first call, even of someone else.
+    if (QLibraryInfo::version() >= QVersionNumber(6, 5) && QObject::disconnect(atQuit))
+        restart();
 }
 
 } // namespace Quorvex

@@ -119,8 +119,9 @@ public:
     static void restart();
 
     /// Ends the event loop with \a exitCode and starts the program once more while it quits;
-    /// twice, if called twice. To be called on the application's thread; without an application
-    /// nothing happens.
+    /// twice, if called twice. Before there is an event loop, the program starts once more when one
+    /// has ended. To be called on the application's thread, but not by a slot of aboutToQuit(),
+    /// where restart() does it; without an application nothing happens.
     static void reboot(int exitCode = 0);
 
 private:

@@ -17,6 +17,14 @@ concept SInteger =
     std::integral<T> && !std::same_as<T,
         bool> && !std::same_as<T, char> && !std::same_as<T, wchar_t> && !std::same_as<T, char8_t> && !std::same_as<T, char16_t> && !std::same_as<T, char32_t>;
 
+/// What the language turns into an SInteger by itself: one, a `bool`, a character, or an enumerator
+/// of an enumeration without scope.
+template <typename T>
+concept SPromotesToInteger = (std::integral<T> || std::is_enum_v<T>)&&requires(T value)
+{
+    requires SInteger<decltype(+value)>;
+};
+
 /// A number: an SInteger, `float` or `double`.
 template <typename T>
 concept SNumber = SInteger<T> || std::same_as<T, float> || std::same_as<T, double>;

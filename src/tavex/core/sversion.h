@@ -6,6 +6,7 @@
 #include <QMetaType>
 
 #include <compare>
+#include <concepts>
 
 namespace Quorvex {
 
@@ -27,17 +28,22 @@ public:
         : m_value(int((((uint(major) << 8) | uint(minor)) << 8) | uint(patch)))
     {
     }
-    /// Takes a packed integer as it is.
+    /// Takes a packed integer as it is. A real is none.
+    /// @{
     constexpr SVersion(int value) noexcept
         : m_value(value)
     {
     }
-    /// Takes a packed integer as it is.
+    template <std::floating_point T>
+    SVersion(T) = delete;
     constexpr SVersion &operator=(int value) noexcept
     {
         m_value = value;
         return *this;
     }
+    template <std::floating_point T>
+    SVersion &operator=(T) = delete;
+    /// @}
 
     /// The packed integer.
     /// @{
@@ -110,22 +116,22 @@ public:
     // operator says what it means: sums take packed versions, comparisons compare the packed value.
     /// Adds or subtracts a packed version.
     /// @{
-    template <SInteger N>
+    template <SPromotesToInteger N>
     friend constexpr SVersion operator+(SVersion a, N b) noexcept
     {
         return a.plus(uint(b));
     }
-    template <SInteger N>
+    template <SPromotesToInteger N>
     friend constexpr SVersion operator+(N a, SVersion b) noexcept
     {
         return b.plus(uint(a));
     }
-    template <SInteger N>
+    template <SPromotesToInteger N>
     friend constexpr SVersion operator-(SVersion a, N b) noexcept
     {
         return a.plus(0U - uint(b));
     }
-    template <SInteger N>
+    template <SPromotesToInteger N>
     friend constexpr SVersion operator-(N a, SVersion b) noexcept
     {
         return SVersion(int(uint(a) - uint(b.m_value)));
@@ -136,15 +142,17 @@ public:
     /// @{
     friend constexpr bool operator==(const SVersion &, const SVersion &) noexcept = default;
     friend constexpr auto operator<=>(const SVersion &, const SVersion &) noexcept = default;
-    template <SNumber N>
+    template <typename N>
+    requires SPromotesToInteger<N> || SNumber<N>
     friend constexpr bool operator==(const SVersion &version, N n) noexcept
     {
-        return compareNumbers(version.m_value, n) == 0;
+        return compareNumbers(version.m_value, +n) == 0;
     }
-    template <SNumber N>
+    template <typename N>
+    requires SPromotesToInteger<N> || SNumber<N>
     friend constexpr auto operator<=>(const SVersion &version, N n) noexcept
     {
-        return compareNumbers(version.m_value, n);
+        return compareNumbers(version.m_value, +n);
     }
     /// @}
 

@@ -25,45 +25,39 @@ std::unique_ptr<Interfaces::IMetadata> cloneOf(const Interfaces::IMetadata &valu
 
 SMetadatable::SMetadatable() = default;
 
+// While this is constructed, no derived class can narrow what is valid or hear of a change.
 SMetadatable::SMetadatable(const SMetadatable &other)
     : IMetadatable(other)
 {
-    // While this is constructed, no derived class can narrow what is valid or hear of a change.
-    m_entries.reserve(other.m_entries.size());
-    for (const Entry &entry : other.m_entries) {
-        if (auto copy = cloneOf(*entry.value))
-            m_entries.push_back({entry.id, std::move(copy), nullptr});
-    }
+    copyAll(&other);
 }
 
 SMetadatable::SMetadatable(IMetadatable *other)
 {
-    for (const IMetadata *const value : other ? other->metadataList() : QList<IMetadata *>()) {
-        if (auto copy = value ? cloneOf(*value) : nullptr) {
-            const quint64 id = copy->id();
-            store(place(id), id, copy.release());
-        }
-    }
+    copyAll(other);
 }
 
 SMetadatable &SMetadatable::operator=(const SMetadatable &other)
 {
-    if (this != &other) {
-        clearMetadata();
-        for (IMetadata *const value : other.metadataList())
-            setMetadata(value, false);
-    }
+    copyAll(&other);
     return *this;
 }
 
 SMetadatable &SMetadatable::operator=(IMetadatable *other)
 {
-    if (this != other) {
-        clearMetadata();
-        for (IMetadata *const value : other ? other->metadataList() : QList<IMetadata *>())
-            setMetadata(value, false);
-    }
+    copyAll(other);
     return *this;
+}
+
+void SMetadatable::copyAll(const IMetadatable *other)
+{
+    if (this == other)
+        return;
+    clearMetadata();
+    const QList<IMetadata *> values = other ? other->metadataList() : QList<IMetadata *>();
+    m_entries.reserve(static_cast<std::size_t>(values.size()));
+    for (IMetadata *const value : values)
+        setMetadata(value, false);
 }
 
 SMetadatable::~SMetadatable() = default;
@@ -81,7 +75,8 @@ bool SMetadatable::operator==(const SMetadatable &other) const
 void SMetadatable::clearMetadata()
 {
     // A destructor may look at the container, which then has to be whole.
-    std::exchange(m_entries, {}).clear();
+    const Entries entries = std::exchange(m_entries, {});
+    const Spares spares = std::exchange(m_spares, {});
 }
 
 qsizetype SMetadatable::metadataCount() const
@@ -120,8 +115,8 @@ bool SMetadatable::setMetadata(IMetadata *value, bool takeOwnership)
     const auto entry = place(id);
     const IMetadata *const old = isAt(entry, id) ? entry->value.get() : nullptr;
     if (old && value->equalsTo(old)) {
-        if (takeOwnership && value != old && value != entry->spare.get())
-            entry->spare.reset(value);
+        if (takeOwnership && value != old)
+            m_spares.try_emplace({id, value}, value);
         return true;
     }
     // A stored value that does not even equal itself, such as NaN, stays as well.
@@ -174,22 +169,25 @@ bool SMetadatable::isAt(Entries::const_iterator place, quint64 id) const
     return place != m_entries.end() && place->id == id;
 }
 
-/// Puts \a value, which is not the stored one, under \a id at its place and deletes what was there.
+/// Puts \a value, which is not the stored one, under \a id at its place and deletes what it
+/// replaces, with what equalled that.
 void SMetadatable::store(Entries::iterator place, quint64 id, IMetadata *value)
 {
+    if (const auto own = m_spares.extract({id, value}))
+        static_cast<void>(own.mapped().release());
     if (!isAt(place, id)) {
         const auto index = place - m_entries.begin();
         if (m_entries.capacity() == 0)
             m_entries.reserve(8);
-        m_entries.insert(
-            m_entries.begin() + index, Entry{id, std::unique_ptr<IMetadata>(value), nullptr});
+        m_entries.insert(m_entries.begin() + index, Entry{id, std::unique_ptr<IMetadata>(value)});
         return;
     }
-    if (place->spare.get() == value)
-        static_cast<void>(place->spare.release());
     // A destructor may look at the container, which then has to be whole.
-    const auto spare = std::exchange(place->spare, nullptr);
     const auto old = std::exchange(place->value, std::unique_ptr<IMetadata>(value));
+    Spares spares;
+    for (auto spare = m_spares.lower_bound({id, nullptr});
+         spare != m_spares.end() && spare->first.first == id;)
+        spares.insert(m_spares.extract(spare++));
 }
 
 } // namespace Quorvex

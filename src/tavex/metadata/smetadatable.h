@@ -2,7 +2,9 @@
 
 #include <tavex/metadata/imetadatable.h>
 
+#include <map>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace Quorvex {
@@ -11,7 +13,7 @@ namespace Quorvex {
 ///
 /// Each value that is stored or handed over belongs to the container, which deletes it exactly
 /// once. A value handed over while an equal one is stored is not stored; yet the pointer stays good
-/// until the next value with its id is handed over or stored, or that id is removed. A container is
+/// until another value replaces the stored one, clearMetadata() or the destructor. A container is
 /// used from one thread at a time.
 class TAVEX_EXPORT SMetadatable : public Interfaces::IMetadatable
 {
@@ -24,13 +26,14 @@ public:
 
     /// Without values.
     SMetadatable();
-    /// Clones all values of \a other, whatever their flags. Null has none.
+    /// Clones all values of the metadataList() of \a other, whatever their flags. Null has none.
     /// @{
     SMetadatable(const SMetadatable &other);
     explicit SMetadatable(IMetadatable *other);
     /// @}
 
-    /// Replaces all values by clones of those of \a other, whatever their flags. Null has none.
+    /// Replaces all values by clones of those of the metadataList() of \a other, whatever their
+    /// flags. Null has none.
     /// @{
     SMetadatable &operator=(const SMetadatable &other);
     SMetadatable &operator=(IMetadatable *other);
@@ -60,18 +63,21 @@ private:
     {
         quint64 id;
         std::unique_ptr<IMetadata> value;
-        std::unique_ptr<IMetadata> spare; ///< Handed over while it equalled the value.
     };
 
     using Entries = std::vector<Entry>;
+    using Spares = std::map<std::pair<quint64, const IMetadata *>, std::unique_ptr<IMetadata>>;
 
     [[nodiscard]] Entries::const_iterator place(quint64 id) const;
     [[nodiscard]] Entries::iterator place(quint64 id);
     [[nodiscard]] bool isAt(Entries::const_iterator place, quint64 id) const;
+    void copyAll(const IMetadatable *other);
     void store(Entries::iterator place, quint64 id, IMetadata *value);
 
     /// Sorted by id. There are few classes, and of this few bytes.
     Entries m_entries;
+    /// Handed over while they equalled the stored value, by its id and their addresses.
+    Spares m_spares;
 };
 
 } // namespace Quorvex

@@ -4,6 +4,8 @@
 
 #include <QList>
 
+#include <initializer_list>
+
 namespace Quorvex {
 
 /// Declares the class Name, which holds a QList of T; see TAVEX_META_SCALAR.
@@ -12,7 +14,13 @@ namespace Quorvex {
     {                                                                                              \
     public:                                                                                        \
         /** Holds \a values. */                                                                    \
+        /** @{ */                                                                                  \
         Name(const QList<T> &values);                                                              \
+        Name(std::initializer_list<T> values)                                                      \
+            : Name(QList<T>(values))                                                               \
+        {                                                                                          \
+        }                                                                                          \
+        /** @} */                                                                                  \
         /** Holds the one element \a value. */                                                     \
         Name(const T &value);                                                                      \
         template <typename P>                                                                      \

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <concepts>
+#include <limits>
 #include <memory>
 #include <new>
 #include <utility>
@@ -24,7 +25,7 @@ public:
     /// \a size elements, all zero (`T()`). A negative size counts as 0; where there is not enough
     /// memory, the array is empty.
     explicit SArray(qsizetype size)
-        : m_data(size > 0 ? new (std::nothrow) T[static_cast<std::size_t>(size)]() : nullptr)
+        : m_data(fits(size) ? new (std::nothrow) T[static_cast<std::size_t>(size)]() : nullptr)
         , m_size(m_data ? size : 0)
     {
     }
@@ -96,6 +97,15 @@ public:
     }
 
 private:
+    /// Of more elements new would throw; it may store their number in front of them.
+    static constexpr bool fits(qsizetype size) noexcept
+    {
+        constexpr auto bytes = static_cast<std::size_t>((std::numeric_limits<qsizetype>::max)());
+        return size > 0
+            && static_cast<std::size_t>(size)
+            <= (bytes - qMax(sizeof(std::size_t), alignof(T))) / sizeof(T);
+    }
+
     std::unique_ptr<T[]> m_data;
     qsizetype m_size = 0;
 };

@@ -9,7 +9,7 @@
 #include <QtEndian>
 
 #include <array>
-#include <cstring>
+#include <concepts>
 #include <utility>
 
 class QIODevice;
@@ -32,8 +32,9 @@ namespace Quorvex {
 ///
 /// Arguments: data that is null feeds nothing. Positions and lengths are counted in bytes and cut
 /// to the array's size; `from` and `to` stand for the bytes from `from` up to but not including
-/// `to`. A number is fed as its bytes in memory, as many as its type has; a real as its IEEE 754
-/// bits. Text is fed as UTF-8. A bare pointer without a length is refused.
+/// `to`. A number is fed as the bytes of its type, the lowest first on every machine; a real as its
+/// IEEE 754 bits. Text is fed as UTF-8. A bare pointer without a length is refused, and so is a
+/// number in place of data, as 0 would be a null pointer.
 class TAVEX_EXPORT SCrc32
 {
 public:
@@ -87,10 +88,13 @@ public:
     noexcept
     {
         std::array<char, sizeof(T)> bytes;
-        std::memcpy(bytes.data(), &number, sizeof(T));
+        qToLittleEndian(number, bytes.data());
         return update(bytes.data(), sizeof(T));
     }
     uint update(const char *) = delete;
+    template <std::convertible_to<quint64>... N>
+    requires(sizeof...(N) > 1) uint update(N...)
+    = delete;
     /// @}
 
     /// Starts afresh, stores the new register and returns it.
@@ -124,6 +128,9 @@ public:
         return update(number);
     }
     uint calculate(const char *) = delete;
+    template <std::convertible_to<quint64>... N>
+    requires(sizeof...(N) > 1) uint calculate(N...)
+    = delete;
     /// @}
 
     /// The result for the data alone.
@@ -134,6 +141,8 @@ public:
         uint polynomial = DefaultPolynomial) noexcept;
     [[nodiscard]] static uint hash(const QString &text, uint polynomial = DefaultPolynomial);
     [[nodiscard]] static uint hash(const char *, uint polynomial = DefaultPolynomial) = delete;
+    template <std::convertible_to<quint64>... N>
+    [[nodiscard]] static uint hash(N...) = delete;
     /// @}
 
     /// Reads \a device from where it stands to its end, in chunks of 65,536 bytes, waiting for data

@@ -6,6 +6,8 @@
 #include <QByteArray>
 #include <QList>
 
+#include <concepts>
+
 namespace Quorvex {
 
 /// A small pseudo-random generator for reproducible numbers: equal seeds give equal sequences on
@@ -28,13 +30,16 @@ public:
     /// A fixed seed for programs that want the same numbers at every run.
     [[nodiscard]] static constexpr uint legacySeed() noexcept { return 0x5A5A5A5A; }
 
-    /// A seed that depends on all bytes of \a data. Null or empty data gives one from the clock.
+    /// A seed that depends on all bytes of \a data. Null or empty data gives one from the clock; a
+    /// number is no data.
     /// @{
     [[nodiscard]] static uint defaultSeed(const char *data, quint64 length) noexcept;
     [[nodiscard]] static uint defaultSeed(const QByteArray &data) noexcept
     {
         return defaultSeed(data.constData(), quint64(data.size()));
     }
+    template <std::convertible_to<quint64>... N>
+    [[nodiscard]] static uint defaultSeed(N...) = delete;
     /// @}
 
     /// The next number, from 0 to 2^31 - 2. (0 comes only from a seed that 2^31 - 1 divides.)

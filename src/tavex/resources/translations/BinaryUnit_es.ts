@@ -5,8 +5,8 @@
     <name>BinaryUnit</name>
     <message>
         <source>Byte</source>
-        <extracomment>Written behind a number, as in “512 bytes”: use the form that reads best behind most numbers.</extracomment>
-        <translation>bytes</translation>
+        <extracomment>Unit symbol, one byte. Written behind a number, as in “512 B”. A word only where the language has no symbol.</extracomment>
+        <translation>B</translation>
     </message>
     <message>
         <source>KiB</source>

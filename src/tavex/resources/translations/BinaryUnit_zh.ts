@@ -5,7 +5,7 @@
     <name>BinaryUnit</name>
     <message>
         <source>Byte</source>
-        <extracomment>Written behind a number, as in “512 bytes”: use the form that reads best behind most numbers.</extracomment>
+        <extracomment>Unit symbol, one byte. Written behind a number, as in “512 B”. A word only where the language has no symbol.</extracomment>
         <translation>字节</translation>
     </message>
     <message>

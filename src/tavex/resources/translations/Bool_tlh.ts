@@ -6,12 +6,12 @@
     <message>
         <source>True</source>
         <extracomment>Value of a yes/no setting as shown to the user: the opposite of “False”.</extracomment>
-        <translation>vIt</translation>
+        <translation>teH</translation>
     </message>
     <message>
         <source>False</source>
         <extracomment>Value of a yes/no setting as shown to the user: the opposite of “True”.</extracomment>
-        <translation>nep</translation>
+        <translation>teHbe&apos;</translation>
     </message>
 </context>
 </TS>

@@ -21,12 +21,12 @@
     <message>
         <source>AlmostFull</source>
         <extracomment>Entry of a combo box labelled “Processors used”: almost all of the machine&apos;s processors.</extracomment>
-        <translation>Almost full</translation>
+        <translation>Almost all</translation>
     </message>
     <message>
         <source>Full</source>
         <extracomment>Entry of a combo box labelled “Processors used”: all of the machine&apos;s processors.</extracomment>
-        <translation>Full</translation>
+        <translation>All</translation>
     </message>
 </context>
 </TS>

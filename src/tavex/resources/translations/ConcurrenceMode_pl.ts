@@ -6,7 +6,7 @@
     <message>
         <source>Default</source>
         <extracomment>Entry of a combo box labelled “Processors used”: the program&apos;s usual choice.</extracomment>
-        <translation>Domyślnie</translation>
+        <translation>Domyślny</translation>
     </message>
     <message>
         <source>Half</source>

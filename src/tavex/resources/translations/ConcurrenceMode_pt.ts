@@ -6,7 +6,7 @@
     <message>
         <source>Default</source>
         <extracomment>Entry of a combo box labelled “Processors used”: the program&apos;s usual choice.</extracomment>
-        <translation>Predefinido</translation>
+        <translation>Padrão</translation>
     </message>
     <message>
         <source>Half</source>
@@ -16,7 +16,7 @@
     <message>
         <source>MoreThanHalf</source>
         <extracomment>Entry of a combo box labelled “Processors used”: more than half of the machine&apos;s processors, but not nearly all.</extracomment>
-        <translation>Mais de metade</translation>
+        <translation>Mais da metade</translation>
     </message>
     <message>
         <source>AlmostFull</source>

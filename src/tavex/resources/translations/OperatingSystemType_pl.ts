@@ -25,8 +25,8 @@
     </message>
     <message>
         <source>BSD_</source>
-        <extracomment>Family of operating systems. Keep “BSD_” with its underscore, the program replaces it afterwards.</extracomment>
-        <translation>BSD_</translation>
+        <extracomment>Family of operating systems. The underscore belongs to the program, not to the name.</extracomment>
+        <translation>BSD</translation>
     </message>
     <message>
         <source>Unix</source>

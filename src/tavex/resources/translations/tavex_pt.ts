@@ -39,7 +39,7 @@
     <message>
         <source>Website</source>
         <extracomment>Column heading: the address of a component&apos;s website.</extracomment>
-        <translation>Website</translation>
+        <translation>Site</translation>
     </message>
     <message>
         <source>Licence</source>
