@@ -38,7 +38,7 @@ private Q_SLOTS:
             {u"XDG_CACHE_HOME=/c", F::CacheLocation, u"/c/tst_senvironment"},
             {u"XDG_CONFIG_HOME=/k", F::AppConfigLocation, u"/k/tst_senvironment"},
             {u"TMPDIR=/proc/", F::TempLocation, u"/proc"}, {u"HOME=/h", F::RootLocation, u"/"},
-            {u"XDG_DATA_HOME=/x/", F::CommonDataLocation, u"/x"},
+            {u"XDG_DATA_HOME=/x", F::CommonDataLocation, u"/x"},
             {u"XDG_DATA_HOME=/x XDG_DATA_DIRS=/y", F::ColorFolder, u""}};
         for (const auto &[environment, folder, path] : rows) {
             setEnvironment(QString::fromUtf16(environment).split(u' '));
