@@ -22,9 +22,7 @@ namespace {
 qint64 readSome(QIODevice *device, char *data, qint64 size)
 {
     const qint64 count = device->read(data, size);
-    const bool isEnd = count < 0 && device->isSequential() && !qobject_cast<QFileDevice *>(device)
-        && device->atEnd();
-    return isEnd ? 0 : count;
+    return count < 0 && device->atEnd() && !qobject_cast<QFileDevice *>(device) ? 0 : count;
 }
 
 /// Writes the chunk; false for an error.
