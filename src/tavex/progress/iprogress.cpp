@@ -1,182 +1,454 @@
-#include <tavex/progress/iprogress.h>
+#include <tavex/progress/progresslock_p.h>
 
-#include <QRecursiveMutex>
+#include <QVarLengthArray>
 
 #include <algorithm>
-#include <mutex>
-
-// The thread sanitizer does not see what happens inside Qt.
-#ifdef __SANITIZE_THREAD__
-#include <sanitizer/tsan_interface.h>
-#define TELL_TSAN(call) call
-#else
-#define TELL_TSAN(call)
-#endif
+#include <utility>
 
 namespace Quorvex::Interfaces {
 
-/// A call of a peer's setProgress() that is running.
-struct IProgress::Call
-{
-    const IProgress *from;
-    const IProgress *to;
-    int value;
-    quint64 changes; ///< Lock::changes at its start.
-    const Call *outer;
-};
-
-/// A recursive mutex that can be given up for another one.
+/// A change on its way: a reporter passes it on to its peers, then to its pool, and then announces
+/// it. Those that it reaches do the same before it goes on. What there is to do lies on a stack
+/// here, not on the thread's: a reporter that is called as a peer adds to it and returns. So chains
+/// may be of any length, and slots may delete what they like, because the stack knows of it.
 ///
-/// A reporter calls its peers, and a pool its children, with the lock held: that keeps a group in
-/// step, and its members alive during the call, since destructors take the lock to unlink. If each
-/// had its own, two threads that enter a group at different members would wait for each other. So a
-/// group has one lock. A pool's children are made with that of the pool; to link two reporters is
-/// to take the locks of both and to let one point to the other for good. Locks thus form trees, of
-/// which the roots are taken, and no call within a group leaves its tree.
-///
-/// A lock lives as long as a reporter or another lock refers to it. The way to the root can thus be
-/// walked without holding anything; a lock that was given up meanwhile is noticed once it is taken.
-class IProgress::Lock : public QRecursiveMutex
+/// What a slot changes is a change of its own, which is through when its call returns.
+class IProgress::Change
 {
 public:
-    void lock()
-    {
-        TELL_TSAN(__tsan_mutex_pre_lock(this, __tsan_mutex_write_reentrant));
-        QRecursiveMutex::lock();
-        TELL_TSAN(__tsan_mutex_post_lock(this, __tsan_mutex_write_reentrant, 0));
-        ++m_depth;
-    }
+    Q_DISABLE_COPY_MOVE(Change)
 
-    bool try_lock()
-    {
-        TELL_TSAN(constexpr unsigned flags = __tsan_mutex_write_reentrant | __tsan_mutex_try_lock);
-        TELL_TSAN(__tsan_mutex_pre_lock(this, flags));
-        const bool success = QRecursiveMutex::tryLock();
-        TELL_TSAN(
-            __tsan_mutex_post_lock(this, flags | (success ? 0 : __tsan_mutex_try_lock_failed), 0));
-        if (success)
-            ++m_depth;
-        return success;
-    }
+    enum Kind {
+        Announce,      ///< First to the pool; nothing if the progress is \c value, as before.
+        PassOn,        ///< To the peers.
+        Set,           ///< Itself.
+        SetChildren,   ///< In order.
+        AnnounceAbort, ///< First to the pool.
+        PassAbort,     ///< To the peers.
+        AbortChildren, ///< Then the pool.
+        Done
+    };
 
-    void unlock()
+    /// Begins a change of \a origin, or what it has to do in the change that is just calling it.
+    template <typename Begin>
+    static void start(IProgress *origin, int value, std::unique_lock<Lock> lock, Begin begin)
     {
-        --m_depth;
-        TELL_TSAN(__tsan_mutex_pre_unlock(this, 0));
-        QRecursiveMutex::unlock();
-        TELL_TSAN(__tsan_mutex_post_unlock(this, 0));
-    }
-
-    [[nodiscard]] Lock *root()
-    {
-        Lock *lock = this;
-        while (Lock *const next = lock->m_next.load(std::memory_order_acquire))
-            lock = next;
-        return lock;
-    }
-
-    /// Takes the root and returns it.
-    [[nodiscard]] Lock *acquire()
-    {
-        for (Lock *lock = root();; lock = lock->root()) {
-            lock->lock();
-            if (!lock->isGivenUp())
-                return lock;
-            lock->unlock();
-        }
-    }
-
-    static void join(Lock *a, Lock *b)
-    {
-        for (;;) {
-            a = a->root();
-            b = b->root();
-            if (a == b)
-                return;
-            // In whatever order: it waits for one only while it has not taken the other.
-            const std::scoped_lock both(*a, *b);
-            if (a->isGivenUp() || b->isGivenUp())
-                continue;
-            // One that this thread had before stays: the calls that took it still rely on it.
-            const bool isBKept = b->m_depth > 1 || (a->m_depth == 1 && b->m_height > a->m_height);
-            Lock *const kept = isBKept ? b : a;
-            Lock *const given = isBKept ? a : b;
-            kept->m_height = std::max(kept->m_height, given->m_height + 1);
-            given->m_next.store(kept->retain(), std::memory_order_release);
+        if (Change *const change = calling(origin)) {
+            begin(*change);
             return;
         }
+        Change change(origin, value);
+        begin(change);
+        lock.unlock();
+        change.run();
     }
 
-    // What the group that has the lock is doing.
-    quint64 changes = 0; ///< How often the progress of one of them has changed.
-    const Call *calls = nullptr;
-
-    [[nodiscard]] bool isPassingOn(const IProgress *progress) const
+    /// The change that is just calling \a reporter, once.
+    static Change *calling(const IProgress *reporter)
     {
-        const Call *call = calls;
-        while (call && call->from != progress)
-            call = call->outer;
-        return call;
+        Change *const change = here.change;
+        if (!change || change->m_called != reporter)
+            return nullptr;
+        change->m_called = nullptr;
+        return change;
     }
 
-    /// Whether \a peer is being asked for \a value already, and nothing has changed since. A
-    /// reporter that does not become what it is set to, such as an empty pool, would be asked
-    /// without end.
-    [[nodiscard]] bool isAsked(const IProgress *peer, int value) const
-    {
-        for (const Call *call = calls; call && call->changes == changes; call = call->outer) {
-            if (call->to == peer && call->value == value)
-                return true;
-        }
-        return false;
-    }
+    /// Ends the part of \a reporter in the changes of the thread.
+    static void forget(IProgress *reporter);
 
-    Lock *retain()
-    {
-        m_users.fetch_add(1, std::memory_order_relaxed);
-        return this;
-    }
+    /// Emits a signal, with the lock or without.
+    static void tell(IProgress *reporter, const IProgress *pool, Kind kind, int progress);
 
-    static void release(Lock *lock)
+    void push(Kind kind, IProgress *reporter, int value = 0, std::size_t index = 0);
+    void setProgress(IProgress *reporter, int value, int before);
+    void setAborted(IProgress *reporter);
+    void follow(IProgress *pool);
+
+    /// What the thread is doing.
+    struct Here
     {
-        while (lock && lock->m_users.fetch_sub(1, std::memory_order_acq_rel) == 1) {
-            Lock *const next = lock->m_next.load(std::memory_order_relaxed);
-            delete lock;
-            lock = next;
-        }
-    }
+        Change *change;
+        const IProgress *answered; ///< The pool that a child's signal is about to tell.
+        quint64 state;             ///< Changes with each progress and is back when they are.
+    };
+    static thread_local constinit Here here;
 
 private:
-    [[nodiscard]] bool isGivenUp() const
+    /// Has the lock of its reporter.
+    struct Step
     {
-        return m_next.load(std::memory_order_relaxed) != nullptr;
+        Kind kind;
+        IProgress *reporter; ///< Null if it was deleted.
+        int value;
+        std::size_t index; ///< How many children are through.
+        bool isAnswered;   ///< Whether the pool has followed.
+        QSet<IProgress *> peers;
+        QSet<IProgress *>::const_iterator next;
+        std::size_t asked; ///< The call that it is the first step of, or 0.
+    };
+    Change(IProgress *origin, int value)
+        : m_outer(std::exchange(here.change, this))
+        , m_origin(origin)
+        , m_value(value)
+    {
     }
+    ~Change();
 
-    std::atomic<int> m_users = 1;         ///< Reporters that have it, and locks that point to it.
-    std::atomic<Lock *> m_next = nullptr; ///< Set once.
-    int m_depth = 0;                      ///< How often the thread that has it has taken it.
-    int m_height = 0;
+    void leave();
+    void run();
+    void work();
+    void pop();
+    template <typename Function>
+    void call(IProgress *reporter, Function function);
+    template <typename IsWanted>
+    static IProgress *nextPeer(Step *step, const QSet<IProgress *> &peers, IsWanted isWanted);
+    template <typename IsWanted>
+    static IProgress *nextChild(Step *step, IsWanted isWanted);
+
+    void ask(IProgress *peer, int value);
+    [[nodiscard]] bool isStuck(const IProgress *reporter) const;
+    [[nodiscard]] bool isApart() const;
+    void setAll();
+
+    Change *const m_outer;
+    IProgress *m_origin; ///< Null if it was deleted.
+    const int m_value;
+    const IProgress *m_called = nullptr;
+    QVarLengthArray<Step, 4> m_steps;
+    QSet<IProgress *> m_changed;    ///< Those with peers; it has their locks.
+    QSet<const IProgress *> m_deaf; ///< Peers that did nothing when they were called.
+    bool m_isSettingAll = false;
+    QSet<std::size_t> m_asked; ///< The calls of peers that are under way.
+    qsizetype m_calls = 0;
 };
 
-IProgress::Locker::Locker(const IProgress &progress)
-    : m_lock(progress.m_lock->acquire())
+thread_local constinit IProgress::Change::Here IProgress::Change::here{};
+
+IProgress::Change::~Change()
 {
+    leave();
+    here.change = m_outer;
 }
 
-IProgress::Locker::~Locker()
+void IProgress::Change::leave()
 {
-    m_lock->unlock();
+    for (const IProgress *const reporter : std::as_const(m_changed))
+        reporter->m_lock->unlock();
+    m_changed.clear();
+}
+
+void IProgress::Change::forget(IProgress *reporter)
+{
+    for (Change *change = here.change; change; change = change->m_outer) {
+        for (Step &step : change->m_steps) {
+            if (step.reporter == reporter)
+                std::exchange(step.reporter, nullptr)->m_lock->unlock();
+        }
+        if (change->m_changed.remove(reporter))
+            reporter->m_lock->unlock();
+        if (change->m_origin == reporter)
+            change->m_origin = nullptr;
+    }
+}
+
+void IProgress::Change::tell(IProgress *reporter, const IProgress *pool, Kind kind, int progress)
+{
+    const Announcer *const announcer = reporter->m_announcer;
+    if (!announcer)
+        return;
+    if (pool)
+        here.answered = pool;
+    if (kind == Announce)
+        announcer->progress(reporter, progress);
+    else
+        announcer->aborting(reporter);
+    if (pool)
+        here.answered = nullptr;
+}
+
+void IProgress::Change::push(Kind kind, IProgress *reporter, int value, std::size_t index)
+{
+    Step step{kind, reporter, value, index, false, {}, {}, 0};
+    if (kind == PassOn || kind == PassAbort)
+        step.peers = kind == PassOn ? reporter->m_progressPeers : reporter->m_abortPeers;
+    step.next = step.peers.cbegin();
+    reporter->m_lock->lock();
+    m_steps.append(std::move(step));
+}
+
+void IProgress::Change::pop()
+{
+    const Step &step = m_steps.last();
+    if (step.reporter)
+        step.reporter->m_lock->unlock();
+    if (step.asked)
+        m_asked.remove(step.asked);
+    m_steps.removeLast();
+}
+
+/// Goes on from \a reporter, which was \a before.
+void IProgress::Change::setProgress(IProgress *reporter, int value, int before)
+{
+    push(Announce, reporter, before);
+    if (reporter->m_progressPeers.isEmpty())
+        return;
+    if (reporter->m_progress != before && !m_changed.contains(reporter)) {
+        reporter->m_lock->lock();
+        m_changed.insert(reporter);
+    }
+    if (!m_isSettingAll)
+        push(PassOn, reporter, value);
+}
+
+void IProgress::Change::setAborted(IProgress *reporter)
+{
+    if (reporter->m_isAborted.exchange(1) == 0)
+        push(AnnounceAbort, reporter);
+    if (!reporter->m_abortPeers.isEmpty())
+        push(PassAbort, reporter);
+}
+
+void IProgress::Change::follow(IProgress *pool)
+{
+    const int mean = pool->mean();
+    if (mean == pool->m_progress)
+        return;
+    pool->store(mean);
+    setProgress(pool, mean, -1);
+}
+
+/// Does all that there is to do. An origin that is no pool announces itself without the lock.
+void IProgress::Change::run()
+{
+    for (work(); m_origin && !m_isSettingAll && isApart(); work())
+        setAll();
+    if (m_steps.isEmpty())
+        return;
+    const Step &step = m_steps.last();
+    IProgress *const reporter = step.reporter;
+    if (!reporter || step.kind == Done) {
+        pop();
+        return;
+    }
+    const Kind kind = step.kind;
+    const IProgress *const pool = reporter->pool();
+    const int now = reporter->m_progress;
+    const bool isNew = kind == AnnounceAbort || now != step.value;
+    const bool isPool = reporter->m_lock->pool == reporter;
+    if (!isPool) {
+        pop();
+        leave();
+    }
+    if (isNew)
+        tell(reporter, pool, kind, now);
+    if (isPool)
+        pop();
+}
+
+/// Until nothing is left but what the origin has to announce.
+void IProgress::Change::work()
+{
+    while (!m_steps.isEmpty()) {
+        Step &step = m_steps.last();
+        IProgress *const reporter = step.reporter;
+        if (!reporter) {
+            pop();
+            continue;
+        }
+        switch (step.kind) {
+        case PassOn: {
+            IProgress *const peer = nextPeer(&step, reporter->m_progressPeers,
+                [reporter](const IProgress *p) { return p->progress() != reporter->progress(); });
+            if (peer)
+                ask(peer, step.value);
+            else
+                pop();
+            break;
+        }
+        case Set:
+            if (step.index++ || reporter->progress() == std::clamp(step.value, 0, 100))
+                pop();
+            else
+                call(reporter, [value = step.value](IProgress *p) { p->setProgress(value); });
+            break;
+        case SetChildren:
+            if (IProgress *const child = nextChild(&step, [](const IProgress *) { return true; }))
+                call(child, [value = step.value](IProgress *p) { p->setProgress(value); });
+            else
+                step.kind = Done;
+            break;
+        case PassAbort:
+        case AbortChildren: {
+            const auto isWanted = [](const IProgress *p) { return !p->isAborted(); };
+            IProgress *const next = step.kind == PassAbort
+                ? nextPeer(&step, reporter->m_abortPeers, isWanted)
+                : nextChild(&step, isWanted);
+            if (next) {
+                call(next, [](IProgress *p) { p->abort(); });
+            } else if (step.kind == PassAbort) {
+                pop();
+            } else {
+                step.kind = AnnounceAbort;
+                step.isAnswered = true;
+                reporter->m_isAborted = 1;
+                if (!reporter->m_abortPeers.isEmpty())
+                    push(PassAbort, reporter);
+            }
+            break;
+        }
+        case Announce:
+        case AnnounceAbort:
+            if (IProgress *const pool = reporter->pool(); !std::exchange(step.isAnswered, true)) {
+                if (!pool)
+                    break;
+                if (step.kind == Announce) {
+                    if (reporter->m_progress != step.value)
+                        follow(pool);
+                    break;
+                }
+                // The children before the one that the pool is aborting are so already.
+                const Step *const below = m_steps.size() > 1 ? &step - 1 : nullptr;
+                const bool isFromPool =
+                    below && below->kind == AbortChildren && below->reporter == pool;
+                push(AbortChildren, pool, 0, isFromPool ? below->index : 0);
+            } else if (m_steps.size() == 1) {
+                return;
+            } else {
+                const int now = reporter->m_progress;
+                const bool isNew = step.kind == AnnounceAbort || now != step.value;
+                const Kind kind = std::exchange(step.kind, Done);
+                if (isNew)
+                    tell(reporter, pool, kind, now);
+            }
+            break;
+        case Done:
+            if (m_steps.size() == 1)
+                return;
+            pop();
+        }
+    }
+}
+
+template <typename Function>
+void IProgress::Change::call(IProgress *reporter, Function function)
+{
+    m_called = reporter;
+    function(reporter);
+    if (std::exchange(m_called, nullptr))
+        m_deaf.insert(reporter);
+}
+
+/// Sets a peer, unless that is under way already and all is as it was then: it would be asked
+/// without end. Without any, passing on ends, as there are no more than so many states; but those
+/// of a large group are many.
+void IProgress::Change::ask(IProgress *peer, int value)
+{
+    constexpr qsizetype patience = 1000;
+    const std::size_t asked = qHashMulti(1, peer, value, here.state);
+    if (m_asked.contains(asked))
+        return;
+    if (++m_calls > patience * (m_changed.size() + 10)) {
+        setAll();
+        return;
+    }
+    const qsizetype first = m_steps.size();
+    call(peer, [value](IProgress *p) { p->setProgress(value); });
+    if (m_steps.size() > first) {
+        m_steps[first].asked = asked;
+        m_asked.insert(asked);
+    }
+}
+
+/// The next of \a step's peers; slots may have unlinked or deleted some.
+template <typename IsWanted>
+IProgress *IProgress::Change::nextPeer(
+    Step *step, const QSet<IProgress *> &peers, IsWanted isWanted)
+{
+    while (step->next != step->peers.cend()) {
+        IProgress *const peer = *step->next++;
+        if (peers.contains(peer) && isWanted(peer))
+            return peer;
+    }
+    return nullptr;
+}
+
+template <typename IsWanted>
+IProgress *IProgress::Change::nextChild(Step *step, IsWanted isWanted)
+{
+    const std::vector<IProgress *> &children = step->reporter->m_lock->children;
+    while (step->index < children.size()) {
+        IProgress *const child = children[step->index++];
+        if (child && isWanted(child))
+            return child;
+    }
+    return nullptr;
+}
+
+/// Whether it does not get where others are.
+bool IProgress::Change::isStuck(const IProgress *reporter) const
+{
+    const Lock &lock = *reporter->m_lock;
+    return m_deaf.contains(reporter)
+        || (lock.pool == reporter && (lock.children.empty() || lock.living < lock.children.size()));
+}
+
+bool IProgress::Change::isApart() const
+{
+    return std::any_of(m_changed.cbegin(), m_changed.cend(), [this](const IProgress *changed) {
+        const auto isApart = [this, changed](const IProgress *peer) {
+            return peer->progress() != changed->progress() && !isStuck(peer);
+        };
+        const QSet<IProgress *> &peers = changed->m_progressPeers;
+        return !isStuck(changed) && std::any_of(peers.cbegin(), peers.cend(), isApart);
+    });
+}
+
+/// Stops passing on, and sets what it could reach.
+void IProgress::Change::setAll()
+{
+    m_isSettingAll = true;
+    for (Step &step : m_steps) {
+        if (step.kind == PassOn || step.kind == SetChildren)
+            step.kind = Done;
+    }
+    if (!m_origin)
+        return;
+    std::vector<IProgress *> reached{m_origin};
+    QSet<IProgress *> seen{m_origin};
+    const auto reach = [&reached, &seen](IProgress *reporter) {
+        if (reporter && !seen.contains(reporter)) {
+            seen.insert(reporter);
+            reached.push_back(reporter);
+        }
+    };
+    for (std::size_t i = 0; i < reached.size(); ++i) {
+        const IProgress *const reporter = reached[i];
+        for (IProgress *const peer : reporter->m_progressPeers)
+            reach(peer);
+        const Lock &lock = *reporter->m_lock;
+        if (lock.pool == reporter)
+            std::for_each(lock.children.cbegin(), lock.children.cend(), reach);
+        else if (lock.pool && !lock.pool->m_progressPeers.isEmpty())
+            reach(lock.pool);
+    }
+    for (IProgress *const reporter : reached)
+        push(Set, reporter, m_value);
 }
 
 IProgress::IProgress()
-    : m_lock(new Lock)
+    : IProgress(nullptr)
+{
+}
+
+IProgress::IProgress(const Announcer *announcer)
+    : m_lock(std::make_shared<Lock>())
+    , m_announcer(announcer)
 {
 }
 
 IProgress::~IProgress()
 {
     unlinkAll();
-    Lock::release(m_lock);
 }
 
 void IProgress::reset()
@@ -187,7 +459,18 @@ void IProgress::reset()
 
 void IProgress::abort()
 {
-    exchangeAborted();
+    std::unique_lock lock(*m_lock);
+    IProgress *const pool = this->pool();
+    if (!m_abortPeers.isEmpty() || (pool && !m_isAborted)) {
+        Change::start(
+            this, 0, std::move(lock), [this](Change &change) { change.setAborted(this); });
+        return;
+    }
+    Change::calling(this);
+    const bool wasAborted = m_isAborted.exchange(1) != 0;
+    lock.unlock();
+    if (!wasAborted)
+        Change::tell(this, nullptr, Change::AnnounceAbort, 0);
 }
 
 bool IProgress::isAborted() const
@@ -202,68 +485,39 @@ int IProgress::progress() const
 
 void IProgress::setProgress(int value)
 {
-    exchangeProgress(value);
-}
-
-int IProgress::exchangeProgress(int value, bool back)
-{
-    const Locker locker(*this);
-    const int before = m_progress.load(std::memory_order_relaxed);
-    const int now = std::clamp(value, 0, 100);
-    if (now != before) {
-        m_progress.store(now, std::memory_order_release);
-        ++locker.m_lock->changes;
-        if (m_sum)
-            *m_sum += now - before;
+    std::unique_lock lock(*m_lock);
+    const int before = m_progress;
+    store(std::clamp(value, 0, 100));
+    const int now = m_progress;
+    IProgress *const pool = this->pool();
+    if (!m_progressPeers.isEmpty() || (pool && pool->mean() != pool->m_progress)) {
+        Change::start(this, value, std::move(lock),
+            [=, this](Change &change) { change.setProgress(this, value, before); });
+        return;
     }
-    if (!m_progressPeers.isEmpty())
-        passOn(value, back);
-    return before;
-}
-
-void IProgress::passOn(int value, bool back)
-{
-    const Locker locker(*this);
-    Lock &group = *locker.m_lock;
-    // The slots of one peer may unlink or delete another.
-    const QSet<IProgress *> peers = m_progressPeers;
-    for (IProgress *const peer : peers) {
-        if (!m_progressPeers.contains(peer) || peer->progress() == progress()
-            || group.isAsked(peer, value) || (!back && group.isPassingOn(peer)))
-            continue;
-        const Call call{this, peer, value, group.changes, group.calls};
-        group.calls = &call;
-        peer->setProgress(value);
-        group.calls = call.outer;
-    }
-}
-
-bool IProgress::exchangeAborted()
-{
-    const Locker locker(*this);
-    const bool wasAborted = m_isAborted.exchange(1) != 0;
-    if (m_abortPeers.isEmpty())
-        return wasAborted;
-    const QSet<IProgress *> peers = m_abortPeers;
-    for (IProgress *const peer : peers) {
-        if (m_abortPeers.contains(peer) && !peer->isAborted())
-            peer->abort();
-    }
-    return wasAborted;
+    if (pool)
+        Change::calling(this);
+    lock.unlock();
+    if (now != before)
+        Change::tell(this, pool, Change::Announce, now);
 }
 
 bool IProgress::link(IProgress *a, IProgress *b, Peers peers)
 {
     if (!a || !b || a == b)
         return false;
-    Lock::join(a->m_lock, b->m_lock);
-    const Locker locker(*a);
-    for (const auto &[from, to] : {std::pair(a, b), std::pair(b, a)}) {
-        if (peers & ProgressPeers)
-            from->m_progressPeers.insert(to);
-        if (peers & AbortPeers)
-            from->m_abortPeers.insert(to);
-    }
+    const std::scoped_lock both(*a->m_lock, *b->m_lock);
+    const auto insert = [a, b](QSet<IProgress *> IProgress::*set) {
+        if ((a->*set).contains(b))
+            return;
+        (a->*set).insert(b);
+        (b->*set).insert(a);
+        Lock::link(a->lock(), b->lock());
+    };
+    if (peers & ProgressPeers)
+        insert(&IProgress::m_progressPeers);
+    if (peers & AbortPeers)
+        insert(&IProgress::m_abortPeers);
     return true;
 }
 
@@ -271,45 +525,106 @@ void IProgress::unlink(IProgress *a, IProgress *b, Peers peers)
 {
     if (!a || !b)
         return;
-    const Locker locker(*a);
-    // Only reporters that share a lock are linked, so what b has changes under that of a.
-    if ((peers & ProgressPeers) && a->m_progressPeers.remove(b))
-        b->m_progressPeers.remove(a);
-    if ((peers & AbortPeers) && a->m_abortPeers.remove(b))
-        b->m_abortPeers.remove(a);
+    const std::scoped_lock lock(*a->m_lock);
+    // Only now is b known to be in the same group, so that this does not wait.
+    if (a->m_progressPeers.contains(b) || a->m_abortPeers.contains(b))
+        a->cut(b, peers);
+}
+
+void IProgress::cut(IProgress *peer, Peers peers)
+{
+    const std::scoped_lock lock(*peer->m_lock);
+    const auto remove = [this, peer](QSet<IProgress *> IProgress::*set) {
+        if ((this->*set).remove(peer)) {
+            (peer->*set).remove(this);
+            Lock::unlink(this->lock(), peer->lock());
+        }
+    };
+    if (peers & ProgressPeers)
+        remove(&IProgress::m_progressPeers);
+    if (peers & AbortPeers)
+        remove(&IProgress::m_abortPeers);
 }
 
 void IProgress::unlinkAll()
 {
-    const Locker locker(*this);
-    for (IProgress *const peer : std::as_const(m_progressPeers))
-        peer->m_progressPeers.remove(this);
-    for (IProgress *const peer : std::as_const(m_abortPeers))
-        peer->m_abortPeers.remove(this);
-    m_progressPeers.clear();
-    m_abortPeers.clear();
+    const std::scoped_lock lock(*m_lock);
+    while (!m_progressPeers.isEmpty())
+        cut(*m_progressPeers.cbegin(), AllPeers);
+    while (!m_abortPeers.isEmpty())
+        cut(*m_abortPeers.cbegin(), AbortPeers);
+    Change::forget(this);
 }
 
 QSet<IProgress *> IProgress::progressPeers() const
 {
-    const Locker locker(*this);
+    const std::scoped_lock lock(*m_lock);
     return m_progressPeers;
 }
 
 QSet<IProgress *> IProgress::abortPeers() const
 {
-    const Locker locker(*this);
+    const std::scoped_lock lock(*m_lock);
     return m_abortPeers;
 }
 
-void IProgress::useLockOf(const IProgress &other)
+void IProgress::join(const IProgress &pool)
 {
-    Lock::release(std::exchange(m_lock, other.m_lock->retain()));
+    m_lock = pool.m_lock;
+    m_lock->children.push_back(this);
+    ++m_lock->living;
 }
 
-void IProgress::setSum(qint64 *sum)
+void IProgress::setChildren(int value)
 {
-    m_sum = sum;
+    Change::start(this, value, std::unique_lock(*m_lock),
+        [=, this](Change &change) { change.push(Change::SetChildren, this, value); });
+}
+
+void IProgress::abortChildren()
+{
+    Change::start(this, 0, std::unique_lock(*m_lock),
+        [this](Change &change) { change.push(Change::AbortChildren, this); });
+}
+
+void IProgress::followChildren()
+{
+    std::unique_lock lock(*m_lock);
+    if (m_lock->children.empty())
+        return;
+    Change::start(this, mean(), std::move(lock), [this](Change &change) { change.follow(this); });
+}
+
+bool IProgress::isAnswered() const
+{
+    const IProgress *&answered = Change::here.answered;
+    return answered == this && std::exchange(answered, nullptr);
+}
+
+/// Of a child; otherwise null.
+IProgress *IProgress::pool() const
+{
+    IProgress *const pool = m_lock->pool;
+    return pool == this ? nullptr : pool;
+}
+
+/// Of a pool's children, of which there is one at least.
+int IProgress::mean() const
+{
+    return static_cast<int>(m_lock->sum / static_cast<qint64>(m_lock->children.size()));
+}
+
+void IProgress::store(int value)
+{
+    const int before = m_progress;
+    if (value == before)
+        return;
+    m_progress.store(value, std::memory_order_release);
+    const bool isChild = pool();
+    if (isChild)
+        m_lock->sum += value - before;
+    if (isChild || !m_progressPeers.isEmpty())
+        Change::here.state ^= quint64(qHashMulti(0, this, before) ^ qHashMulti(0, this, value));
 }
 
 } // namespace Quorvex::Interfaces

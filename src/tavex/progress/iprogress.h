@@ -6,6 +6,7 @@
 #include <QSet>
 
 #include <atomic>
+#include <memory>
 
 namespace Quorvex::Interfaces {
 
@@ -13,13 +14,15 @@ namespace Quorvex::Interfaces {
 /// be linked as peers, which follow each other's progress, are aborted together, or both.
 ///
 /// All functions may be called from any thread, progress() and isAborted() without waiting. Each
-/// reporter has a recursive lock; linked ones share theirs, as a pool does with its children. While
-/// one of them passes a change on, other threads wait to change any of them, and slots that are
-/// connected directly to its peers run under the lock. Such slots may call all functions here, and
-/// may delete peers other than those that are just passing the change on.
+/// reporter has a recursive lock, and so has a pool with its children; reporters that are linked,
+/// in any number of steps, are locked together as long as they are. While a change is passed on,
+/// other threads wait to change any of them, and slots that are connected directly to those that
+/// follow run under the lock. Such slots may call all functions here and may delete any reporter.
 ///
 /// A class that overrides a virtual function calls unlinkAll() at the start of its destructor,
-/// because peers on other threads call that function until then.
+/// because peers on other threads call that function until then. An override of setProgress() or
+/// abort() that calls the function here returns before its own peers have followed when it is
+/// called as a peer.
 class TAVEX_EXPORT IProgress
 {
 public:
@@ -46,7 +49,10 @@ public:
     [[nodiscard]] virtual int progress() const;
 
     /// Sets the progress to \a value, cut to 0 to 100, and passes \a value itself on to each
-    /// progress peer whose progress differs. That also happens after an abort.
+    /// progress peer whose progress differs. That also happens after an abort. Where it would go on
+    /// without end, a peer is not asked for what it is just being asked for. If peers that could
+    /// agree do not in the end, all that links reach from here is set to \a value: peers, children
+    /// of pools, and the pools of children, if those have peers.
     virtual void setProgress(int value);
 
     /// Makes \a a and \a b peers of each other; that changes no progress. False, without effect, if
@@ -55,7 +61,8 @@ public:
     /// of that one, on another thread, does the reverse.
     static bool link(IProgress *a, IProgress *b, Peers peers = AllPeers);
 
-    /// Undoes link() for the given sets.
+    /// Undoes link() for the given sets. It waits for changes of their group that are under way on
+    /// other threads; later ones on either side do not concern the other.
     static void unlink(IProgress *a, IProgress *b, Peers peers = AllPeers);
 
     /// The reporters that are linked to this one in that way.
@@ -65,47 +72,59 @@ public:
     /// @}
 
 protected:
+    class Change;
     class Lock;
-    struct Call;
 
-    /// Holds the lock of a reporter.
-    class TAVEX_EXPORT Locker
+    /// How a class tells of what has changed.
+    struct Announcer
     {
-    public:
-        Q_DISABLE_COPY_MOVE(Locker)
-        /// Waits for the lock of \a progress.
-        explicit Locker(const IProgress &progress);
-        ~Locker();
-
-    private:
-        friend IProgress;
-        Lock *m_lock;
+        void (*progress)(IProgress *reporter, int value);
+        void (*aborting)(IProgress *reporter);
     };
+    /// The one that emits the signals of \a Reporter.
+    template <typename Reporter>
+    static const Announcer *announcer()
+    {
+        static constexpr Announcer signalling{
+            [](IProgress *reporter, int value) {
+                Q_EMIT static_cast<Reporter *>(reporter)->reportProgress(value);
+            },
+            [](IProgress *reporter) { Q_EMIT static_cast<Reporter *>(reporter)->aborting(); }};
+        return &signalling;
+    }
 
-    /// What setProgress() does; the progress before. With \a back false, peers that are passing a
-    /// change on themselves are left out.
-    int exchangeProgress(int value, bool back = true);
-    /// What abort() does; whether it was aborted before.
-    bool exchangeAborted();
-    /// The second half of exchangeProgress().
-    void passOn(int value, bool back = true);
+    explicit IProgress(const Announcer *announcer);
 
-    /// Undoes every link() of this reporter.
+    /// Undoes every link() of this reporter, and ends its part in what this thread is passing on.
     void unlinkAll();
 
-    /// Takes the lock of \a other in place of the own, which no other thread may know yet.
-    void useLockOf(const IProgress &other);
+    [[nodiscard]] Lock *lock() const { return m_lock.get(); }
 
-    /// Adds every change of the progress to \a sum, under the lock; null: no longer.
-    void setSum(qint64 *sum);
+    /// Makes this, which no other thread knows yet, a child of \a pool.
+    void join(const IProgress &pool);
+
+    /// What a pool does: sets its children, aborts them, takes their mean.
+    /// @{
+    void setChildren(int value);
+    void abortChildren();
+    void followChildren();
+    /// @}
+
+    /// Whether a child's signal tells this pool what it knows already; true once for each.
+    [[nodiscard]] bool isAnswered() const;
 
 private:
-    Lock *m_lock;
+    [[nodiscard]] IProgress *pool() const;
+    [[nodiscard]] int mean() const;
+    void store(int value);
+    void cut(IProgress *peer, Peers peers);
+
+    std::shared_ptr<Lock> m_lock;
     QSet<IProgress *> m_progressPeers;
     QSet<IProgress *> m_abortPeers;
     std::atomic<int> m_progress = 0;
     std::atomic<int> m_isAborted = 0;
-    qint64 *m_sum = nullptr;
+    const Announcer *m_announcer = nullptr;
 };
 
 } // namespace Quorvex::Interfaces

@@ -4,6 +4,7 @@ namespace Quorvex {
 
 SProgress::SProgress(QObject *parent)
     : QObject(parent)
+    , IProgress(announcer<SProgress>())
 {
 }
 
@@ -14,15 +15,12 @@ SProgress::~SProgress()
 
 void SProgress::setProgress(int value)
 {
-    const int before = exchangeProgress(value);
-    if (const int now = progress(); now != before)
-        Q_EMIT reportProgress(now);
+    IProgress::setProgress(value);
 }
 
 void SProgress::abort()
 {
-    if (!exchangeAborted())
-        Q_EMIT aborting();
+    IProgress::abort();
 }
 
 } // namespace Quorvex

@@ -1,59 +1,45 @@
+#include <tavex/progress/progresslock_p.h>
 #include <tavex/progress/sprogresspool.h>
-
-#include <utility>
-#include <vector>
 
 namespace Quorvex {
 
-/// Keeps the pool's sum, and leaves the pool under the lock, so that other threads can use the pool
-/// meanwhile.
+/// Leaves the pool under the lock, so that other threads can use the pool meanwhile.
 class SProgressPool::Child : public SProgress
 {
 public:
     Q_DISABLE_COPY_MOVE(Child)
 
-    Child(SProgressPool *pool, qsizetype index)
+    explicit Child(SProgressPool *pool)
         : SProgress(pool)
-        , m_pool(pool)
-        , m_index(index)
+        , m_index(pool->lock()->children.size())
     {
-        useLockOf(*pool);
-        setSum(&pool->m_sum);
+        join(*pool);
     }
 
     ~Child() override
     {
-        const Locker locker(*this);
+        Lock &shared = *lock();
+        const std::scoped_lock locker(shared);
         unlinkAll();
-        if (m_pool) {
-            m_pool->m_children[m_index].clear();
-            m_pool->m_sum -= progress();
-            leave();
-        }
+        shared.children[m_index] = nullptr;
+        --shared.living;
+        shared.sum -= progress();
     }
-
-    void leave()
-    {
-        m_pool = nullptr;
-        setSum(nullptr);
-    }
-
-    using IProgress::exchangeAborted;
 
 private:
-    SProgressPool *m_pool;
-    qsizetype m_index;
+    std::size_t m_index;
 };
 
 SProgressPool::SProgressPool(int count, QObject *parent)
     : QObject(parent)
+    , IProgress(announcer<SProgressPool>())
 {
+    lock()->pool = this;
     for (int i = 0; i < count; ++i) {
-        auto *const child = new Child(this, i);
+        auto *const child = new Child(this);
         connect(child, SIGNAL(aborting()), this, SLOT(abort()), Qt::DirectConnection);
         connect(child, SIGNAL(reportProgress(qint32)), this, SLOT(onProgressChanged()),
             Qt::DirectConnection);
-        m_children.append(child);
     }
 }
 
@@ -64,19 +50,17 @@ SProgressPool::SProgressPool(QObject *parent)
 
 SProgressPool::~SProgressPool()
 {
-    const Locker locker(*this);
+    const std::scoped_lock locker(*lock());
     unlinkAll();
-    // QObject deletes the children when the pool is no more.
-    for (const QPointer<SProgress> &child : std::as_const(m_children)) {
-        if (child)
-            static_cast<Child *>(child.data())->leave();
-    }
+    lock()->pool = nullptr; // QObject deletes the children when the pool is no more.
 }
 
 SProgress *SProgressPool::at(int index) const
 {
-    const Locker locker(*this);
-    return m_children.value(index);
+    const std::scoped_lock locker(*lock());
+    return index >= 0 && index < count()
+        ? static_cast<SProgress *>(lock()->children[static_cast<std::size_t>(index)])
+        : nullptr;
 }
 
 SProgress *SProgressPool::first() const
@@ -91,76 +75,29 @@ SProgress *SProgressPool::last() const
 
 int SProgressPool::count() const
 {
-    return static_cast<int>(m_children.size());
+    return static_cast<int>(lock()->children.size());
 }
 
 bool SProgressPool::isEmpty() const
 {
-    return m_children.isEmpty();
+    return count() == 0;
 }
 
 void SProgressPool::abort()
 {
-    const Locker locker(*this);
-    if (m_isStopping) {
-        ++m_postponed;
-        return;
-    }
-    // A child's signal calls this again. If the next child were aborted only then, and so on, the
-    // calls would nest as deep as the pool is wide, and end in the order in which the signals are
-    // emitted here.
-    if (!std::exchange(m_isAnswering, false)) {
-        std::vector<qsizetype> stopped;
-        m_isStopping = true;
-        for (qsizetype i = 0; i < m_children.size(); ++i) {
-            auto *const child = static_cast<Child *>(m_children.at(i).data());
-            if (child && !child->exchangeAborted())
-                stopped.push_back(i);
-        }
-        m_isStopping = false;
-        for (int i = std::exchange(m_postponed, 0); i > 0; --i)
-            finishAbort();
-        for (auto i = stopped.crbegin(); i != stopped.crend(); ++i) {
-            if (SProgress *const child = m_children.at(*i)) {
-                m_isAnswering = true;
-                Q_EMIT child->aborting();
-                m_isAnswering = false;
-            }
-        }
-    }
-    finishAbort();
-}
-
-void SProgressPool::finishAbort()
-{
-    exchangeAborted();
-    Q_EMIT aborting();
+    if (!isAnswered())
+        abortChildren();
 }
 
 void SProgressPool::setProgress(int value)
 {
-    const Locker locker(*this);
-    const int before = progress();
-    ++m_followers;
-    for (qsizetype i = 0; i < m_children.size(); ++i) {
-        if (SProgress *const child = m_children.at(i))
-            child->setProgress(value);
-    }
-    // Passing single steps back would set the children that are done to what the pool has so far.
-    if (--m_followers == 0 && progress() != before)
-        passOn(progress());
+    setChildren(value);
 }
 
 void SProgressPool::onProgressChanged()
 {
-    const Locker locker(*this);
-    if (m_children.isEmpty())
-        return;
-    const int mean = static_cast<int>(m_sum / m_children.size());
-    if (mean == progress())
-        return;
-    exchangeProgress(mean, m_followers == 0);
-    Q_EMIT reportProgress(progress());
+    if (!isAnswered())
+        followChildren();
 }
 
 } // namespace Quorvex

@@ -2,9 +2,6 @@
 
 #include <tavex/progress/sprogress.h>
 
-#include <QList>
-#include <QPointer>
-
 namespace Quorvex {
 
 using Interfaces::IProgress;
@@ -60,15 +57,6 @@ Q_SIGNALS:
 
 private:
     class Child;
-
-    void finishAbort();
-
-    QList<QPointer<SProgress>> m_children;
-    qint64 m_sum = 0;           ///< Of the living children's progress.
-    int m_followers = 0;        ///< How many calls of setProgress() are running.
-    bool m_isStopping = false;  ///< Whether abort() is aborting the children,
-    int m_postponed = 0;        ///< how often it was called meanwhile,
-    bool m_isAnswering = false; ///< and whether a child's signal is about to call it.
 };
 
 } // namespace Quorvex
