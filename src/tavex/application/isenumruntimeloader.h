@@ -10,6 +10,9 @@ class ISEnum;
 class SEnumTranslatorBase;
 
 /// Supplies texts and keys of one enumeration at run time. Register it with SEnumRuntimeLoader.
+///
+/// It is called by the thread that loads, one loader at a time. It must not wait for a thread that
+/// may be at the first use of an enumeration.
 class TAVEX_EXPORT ISEnumRuntimeLoader
 {
 public:
@@ -18,10 +21,12 @@ public:
     virtual ~ISEnumRuntimeLoader();
 
     /// Adds texts with SEnumTranslatorBase::insert(). Called at every load of the enumeration's
-    /// translator, after its run-time texts were emptied.
+    /// translator, after its run-time texts were emptied. It may use any enumeration: of the one
+    /// that is being loaded it sees what is there so far, while other threads see the words of
+    /// before, or wait if there are none yet.
     virtual void load(SEnumTranslatorBase *translator) = 0;
 
-    /// Adds keys with ISEnum::addKey(). Called once, when the key table is built.
+    /// Adds keys with ISEnum::addKey(). Called once, when the key table is first read.
     virtual void loadKeys(ISEnum *keys) = 0;
 
     /// The name of the enumeration, such as "Bool".

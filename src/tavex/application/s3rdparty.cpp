@@ -2,6 +2,7 @@
 
 #include <tavex/convert/sconvert.h>
 #include <tavex/convert/slocale.h>
+#include <tavex/core/lasting_p.h>
 
 #include <QCoreApplication>
 #include <QFile>
@@ -30,8 +31,8 @@ struct Registry
 
 Registry &registry()
 {
-    static Registry registry;
-    return registry;
+    static constinit Lasting<Registry> registry;
+    return registry.get();
 }
 
 QList<Module> allModules()

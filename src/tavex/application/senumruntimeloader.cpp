@@ -1,5 +1,7 @@
 #include <tavex/application/senumruntimeloader.h>
 
+#include <tavex/core/lasting_p.h>
+
 #include <QList>
 
 #include <algorithm>
@@ -18,8 +20,8 @@ struct Registry
 
 Registry &registry()
 {
-    static Registry registry;
-    return registry;
+    static constinit Lasting<Registry> registry;
+    return registry.get();
 }
 
 } // namespace
@@ -40,11 +42,16 @@ void SEnumRuntimeLoader::loaderRegister(ISEnumRuntimeLoader *loader)
 
 SSharedPointer<ISEnumRuntimeLoader> SEnumRuntimeLoader::loader(const QString &name)
 {
-    Registry &r = registry();
-    const std::scoped_lock lock(r.mutex);
+    const auto all = [] {
+        Registry &r = registry();
+        const std::scoped_lock lock(r.mutex);
+        return r.loaders;
+    };
+    // Not under the lock: a loader that is asked for its name may use the library.
+    const QList<LoaderPointer> loaders = all();
     const auto found = std::ranges::find_if(
-        r.loaders, [&](const LoaderPointer &entry) { return entry->name() == name; });
-    return found == r.loaders.end() ? LoaderPointer() : *found;
+        loaders, [&](const LoaderPointer &entry) { return entry->name() == name; });
+    return found == loaders.end() ? LoaderPointer() : *found;
 }
 
 } // namespace Quorvex

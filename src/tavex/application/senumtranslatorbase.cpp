@@ -3,17 +3,59 @@
 #include <tavex/application/senumruntimeloader.h>
 #include <tavex/application/tavexapplication.h>
 #include <tavex/convert/slocale.h>
+#include <tavex/core/lasting_p.h>
 
+#include <QByteArray>
+#include <QHash>
+#include <QScopeGuard>
+#include <QTranslator>
 #include <QVarLengthArray>
+
+#include <optional>
+#include <shared_mutex>
+#include <thread>
+#include <utility>
 
 namespace Quorvex {
 namespace {
 
-bool loadCatalogue(
-    QTranslator &translator, const QString &name, const QLocale &locale, const QString &folder)
+/// Any number of look-ups at a time, or one change. Changes are short and go first: with
+/// std::shared_mutex, which lets readers pass by a writer that waits, threads that look up all the
+/// time would keep one waiting for ever.
+class WordsLock
 {
-    return translator.load(name + QLatin1Char('_') + SLocale::name(locale), folder);
-}
+public:
+    void lock_shared() noexcept
+    {
+        while (m_state.fetch_add(1, std::memory_order_acquire) & Change) {
+            m_state.fetch_sub(1, std::memory_order_relaxed);
+            const std::scoped_lock untilChanged(m_changes);
+        }
+    }
+    void unlock_shared() noexcept { m_state.fetch_sub(1, std::memory_order_release); }
+
+    void lock() noexcept
+    {
+        m_changes.lock();
+        m_state.fetch_or(Change, std::memory_order_relaxed);
+        while (m_state.load(std::memory_order_acquire) != Change)
+            std::this_thread::yield();
+    }
+    void unlock() noexcept
+    {
+        m_state.fetch_and(~Change, std::memory_order_release);
+        m_changes.unlock();
+    }
+
+private:
+    static constexpr quint32 Change = 0x80000000;
+
+    std::atomic<quint32> m_state = 0; ///< The number of look-ups, and Change.
+    std::mutex m_changes;
+};
+
+/// Of all translators. No other lock is taken under it, and no code of an application called.
+constinit WordsLock wordsLock;
 
 /// The same as QString::toLatin1(), without an allocation for texts as short as keys are.
 class Latin1
@@ -32,75 +74,244 @@ private:
     QVarLengthArray<char, 64> m_bytes;
 };
 
-QString lookUp(const QTranslator &translator, const QString &context, const QString &key)
+/// A catalogue, or none.
+using Catalogue = std::shared_ptr<const QTranslator>;
+
+Catalogue loadCatalogue(const QString &name, const QLocale &locale, const QString &folder)
 {
-    if (translator.isEmpty())
+    auto catalogue = std::make_shared<QTranslator>();
+    if (!catalogue->load(name + QLatin1Char('_') + SLocale::name(locale), folder))
         return {};
-    return translator.translate(Latin1(context).get(), Latin1(key).get());
+    return catalogue;
 }
+
+struct Words
+{
+    struct Texts
+    {
+        QString text;
+        QString fallback;
+    };
+
+    Catalogue language;
+    Catalogue english;
+    QHash<QString, Texts> runtimeTexts;
+
+    [[nodiscard]] QString translate(
+        const char *context, const QString &key, const EnumTranslationOptions &options) const
+    {
+        const QString trimmed = key.trimmed();
+        const auto runtime = runtimeTexts.constFind(trimmed);
+        const bool hasRuntime = runtime != runtimeTexts.cend();
+        const auto lookUp = [&](const Catalogue &catalogue) {
+            return catalogue ? catalogue->translate(context, Latin1(trimmed).get()) : QString();
+        };
+
+        QString text;
+        if (testAnyFlag(options, EnumTranslationOptions::TranslateLocale)) {
+            text = lookUp(language);
+            if (text.isEmpty() && hasRuntime)
+                text = runtime->text;
+        }
+        if (testAnyFlag(options, EnumTranslationOptions::TranslateFallback) && text.isEmpty()) {
+            if (hasRuntime)
+                text = runtime->fallback;
+            if (text.isEmpty())
+                text = lookUp(english);
+        }
+        if (text.isEmpty() && !testAnyFlag(options, EnumTranslationOptions::NoKeyFallback))
+            text = trimmed;
+        return text;
+    }
+
+    /// Several keys are separated by commas.
+    [[nodiscard]] QString translateAll(
+        const char *context, const QString &text, const EnumTranslationOptions &options) const
+    {
+        if (!text.contains(QLatin1Char(',')))
+            return translate(context, text, options);
+        QStringList words = text.split(QLatin1Char(','));
+        for (QString &word : words)
+            word = translate(context, word, options);
+        return words.join(QStringLiteral(", "));
+    }
+};
 
 } // namespace
 
-SEnumTranslatorBase::SEnumTranslatorBase() = default;
+struct SEnumTranslatorBase::Private
+{
+    enum State : quint8 { NotRegistered, NotLoaded, Ready };
+    std::atomic<State> state = NotRegistered;
+
+    // Set before it is registered.
+    QString name;
+    QByteArray context;
+
+    // Under wordsLock.
+    Words words;
+    std::optional<Words> draft; ///< What is being loaded; set and reset under loadLock(), too.
+    std::thread::id loader;
+
+    [[nodiscard]] bool isLoader() const { return draft && loader == std::this_thread::get_id(); }
+
+    /// Calls \a function with the words of now and their context.
+    template <typename Function>
+    auto lookUp(const SEnumTranslatorBase &translator, Function function) const
+    {
+        translator.loadFirst(FirstLoad::Now);
+        const QByteArray own = state == NotRegistered ? translator.name().toLatin1() : context;
+        const std::shared_lock lock(wordsLock);
+        return function(isLoader() ? *draft : words, own.constData());
+    }
+
+    /// Changes the words of now. What another thread is loading is changed as well, or the change
+    /// would be lost with the words of before.
+    template <typename Function>
+    bool change(const SEnumTranslatorBase &translator, Function function)
+    {
+        const auto isBeingLoaded = [this] {
+            const std::shared_lock lock(wordsLock);
+            return draft.has_value();
+        };
+        if (!isBeingLoaded())
+            translator.loadFirst(FirstLoad::Now);
+        const std::scoped_lock lock(wordsLock);
+        const bool result = draft && function(*draft);
+        return isLoader() ? result : function(words);
+    }
+
+    void beginLoad()
+    {
+        const std::scoped_lock lock(wordsLock);
+        draft = words;
+        loader = std::this_thread::get_id();
+    }
+
+    void endLoad()
+    {
+        Words old;
+        {
+            const std::scoped_lock lock(wordsLock);
+            old = std::exchange(words, std::move(*draft));
+            draft.reset();
+        }
+        State before = NotLoaded;
+        state.compare_exchange_strong(before, Ready);
+    }
+};
+
+SEnumTranslatorBase::SEnumTranslatorBase()
+    : d(std::make_unique<Private>())
+{
+}
 
 SEnumTranslatorBase::~SEnumTranslatorBase()
 {
-    TavexApplication::translationUnregister(this);
+    if (d->state != Private::NotRegistered)
+        TavexApplication::translationUnregister(this);
+}
+
+void SEnumTranslatorBase::setRegistered(const QString &name)
+{
+    d->name = name;
+    d->context = name.toLatin1();
+    d->state = Private::NotLoaded;
+}
+
+void SEnumTranslatorBase::loadFirst(FirstLoad load) const
+{
+    if (d->state.load(std::memory_order_acquire) != Private::NotLoaded)
+        return;
+    std::unique_lock lock(loadLock(), std::defer_lock);
+    if (load == FirstLoad::Now)
+        lock.lock();
+    else if (!lock.try_lock())
+        return;
+    if (d->state == Private::NotLoaded && !d->draft) {
+        const_cast<SEnumTranslatorBase *>(this)->load(
+            QLocale(), TavexApplication::catalogueFolder());
+    }
 }
 
 bool SEnumTranslatorBase::load(const QLocale &locale, const QString &folder)
 {
-    const bool loaded = _load(name(), locale, folder);
-    if (const auto loader = SEnumRuntimeLoader::loader(name()))
+    const std::scoped_lock lock(loadLock());
+    // A loader that loads again, does so in place of what is there so far.
+    const bool isOutermost = !d->draft;
+    if (isOutermost)
+        d->beginLoad();
+    const auto end = qScopeGuard([&] {
+        if (isOutermost)
+            d->endLoad();
+    });
+    // While it is destroyed, which waits for the lock, it has no name of its own any more.
+    const QString ownName = d->state == Private::NotRegistered ? name() : d->name;
+    const bool loaded = _load(ownName, locale, folder);
+    if (const auto loader = SEnumRuntimeLoader::loader(ownName))
         loader->load(this);
     return loaded;
 }
 
 bool SEnumTranslatorBase::_load(const QString &name, const QLocale &locale, const QString &folder)
 {
-    m_runtimeTexts.clear();
+    const std::scoped_lock lock(loadLock());
     const QLocale english(QStringLiteral("en"));
-    const bool loaded = loadCatalogue(m_language, name, locale, folder);
-    if (locale == english)
-        return loaded;
-    return loadCatalogue(m_english, name, english, folder) && loaded;
+    const bool isEnglish = locale == english;
+    Words loaded;
+    loaded.language = loadCatalogue(name, locale, folder);
+    if (!isEnglish)
+        loaded.english = loadCatalogue(name, english, folder);
+    const bool isComplete = loaded.language && (isEnglish || loaded.english);
+    {
+        const std::scoped_lock change(wordsLock);
+        Words &words = d->draft ? *d->draft : d->words;
+        if (isEnglish)
+            loaded.english = words.english;
+        std::swap(words, loaded);
+    }
+    return isComplete;
 }
 
 QString SEnumTranslatorBase::etr(const QString &text, const EnumTranslationOptions &options) const
 {
-    const QString context = name();
-    if (!text.contains(QLatin1Char(',')))
-        return _translate(context, text, options);
-    QStringList words = text.split(QLatin1Char(','));
-    for (QString &word : words)
-        word = _translate(context, word, options);
-    return words.join(QStringLiteral(", "));
+    return d->lookUp(*this, [&](const Words &words, const char *context) {
+        return words.translateAll(context, text, options);
+    });
 }
 
 QStringList SEnumTranslatorBase::etr(
     const QStringList &texts, const EnumTranslationOptions &options) const
 {
-    QStringList words;
-    words.reserve(texts.size());
-    for (const QString &text : texts)
-        words.append(etr(text, options));
-    return words;
+    return d->lookUp(*this, [&](const Words &words, const char *context) {
+        QStringList result;
+        result.reserve(texts.size());
+        for (const QString &text : texts)
+            result.append(words.translateAll(context, text, options));
+        return result;
+    });
 }
 
 bool SEnumTranslatorBase::contains(const QString &key, const EnumTranslationOptions &options) const
 {
-    return !_translate(name(), key, options | EnumTranslationOptions::NoKeyFallback).isEmpty();
+    return d->lookUp(*this, [&](const Words &words, const char *context) {
+        const auto all = options | EnumTranslationOptions::NoKeyFallback;
+        return !words.translate(context, key, all).isEmpty();
+    });
 }
 
 void SEnumTranslatorBase::insert(
     const QString &key, const QString &text, const QString &fallbackText)
 {
-    m_runtimeTexts.insert(key, {text, fallbackText});
+    d->change(*this, [&](Words &words) {
+        words.runtimeTexts.insert(key, {text, fallbackText});
+        return true;
+    });
 }
 
 bool SEnumTranslatorBase::remove(const QString &key)
 {
-    return m_runtimeTexts.remove(key);
+    return d->change(*this, [&](Words &words) { return words.runtimeTexts.remove(key); });
 }
 
 QString SEnumTranslatorBase::translateStringFormat() const
@@ -116,31 +327,8 @@ bool SEnumTranslatorBase::useTranslation(const QString &text, const QLocale &loc
 
 void SEnumTranslatorBase::translationRegister()
 {
-    TavexApplication::translationRegister(this);
-}
-
-QString SEnumTranslatorBase::_translate(
-    const QString &context, const QString &key, const EnumTranslationOptions &options) const
-{
-    const QString trimmed = key.trimmed();
-    const auto runtime = m_runtimeTexts.constFind(trimmed);
-    const bool hasRuntime = runtime != m_runtimeTexts.cend();
-
-    QString text;
-    if (testAnyFlag(options, EnumTranslationOptions::TranslateLocale)) {
-        text = lookUp(m_language, context, trimmed);
-        if (text.isEmpty() && hasRuntime)
-            text = runtime->text;
-    }
-    if (testAnyFlag(options, EnumTranslationOptions::TranslateFallback) && text.isEmpty()) {
-        if (hasRuntime)
-            text = runtime->fallback;
-        if (text.isEmpty())
-            text = lookUp(m_english, context, trimmed);
-    }
-    if (text.isEmpty() && !testAnyFlag(options, EnumTranslationOptions::NoKeyFallback))
-        text = trimmed;
-    return text;
+    if (d->state.load(std::memory_order_acquire) == Private::NotRegistered)
+        TavexApplication::translationRegister(this);
 }
 
 } // namespace Quorvex

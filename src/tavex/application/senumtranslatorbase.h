@@ -3,11 +3,11 @@
 #include <tavex/core/export.h>
 #include <tavex/enums/enumtranslationoptions.h>
 
-#include <QHash>
 #include <QLocale>
 #include <QString>
 #include <QStringList>
-#include <QTranslator>
+
+#include <memory>
 
 namespace Quorvex {
 
@@ -16,8 +16,11 @@ namespace Quorvex {
 /// The words come from the enumeration's catalogue ("Bool_de.qm": the context is the enumeration's
 /// name, the source text is the key), from texts added at run time, and from the English catalogue.
 /// A translator registers itself with TavexApplication, which loads it then and at every
-/// TavexApplication::init(). Look-ups may run on any thread, but not while the translator is being
-/// loaded or changed.
+/// TavexApplication::init().
+///
+/// Look-ups and changes may run on any thread, in any order. Catalogues are loaded aside: a look-up
+/// sees the words of before until all of the new ones are there. Only a runtime loader that looks
+/// something up while it is called sees what is loaded so far.
 class TAVEX_EXPORT SEnumTranslatorBase
 {
 public:
@@ -26,7 +29,7 @@ public:
         EnumTranslationOptions::TranslateLocale | EnumTranslationOptions::TranslateFallback;
 
     Q_DISABLE_COPY_MOVE(SEnumTranslatorBase)
-    /// Also takes the translator out of the registration.
+    /// Also takes the translator out of the registration. Waits for a load on another thread.
     virtual ~SEnumTranslatorBase();
 
     /// The enumeration's name: the base name of its catalogues, and their context.
@@ -39,7 +42,7 @@ public:
 
     /// Loads the catalogues for \a locale and English from \a folder, in place of those loaded
     /// before, and the texts of the runtime loader. False when a catalogue is missing; look-ups
-    /// then fall through to the next source.
+    /// then fall through to the next source. Waits for other threads that load.
     bool load(const QLocale &locale, const QString &folder);
 
     /// The words of a key, or of several keys separated by commas, which are then joined by ", ".
@@ -77,18 +80,14 @@ protected:
     void translationRegister();
 
 private:
-    struct Texts
-    {
-        QString text;
-        QString fallback;
-    };
+    friend class TavexApplication;
+    struct Private;
+    enum class FirstLoad : quint8 { Now, UnlessBusy };
 
-    [[nodiscard]] QString _translate(
-        const QString &context, const QString &key, const EnumTranslationOptions &options) const;
+    void setRegistered(const QString &name);
+    void loadFirst(FirstLoad load) const;
 
-    QTranslator m_language;
-    QTranslator m_english;
-    QHash<QString, Texts> m_runtimeTexts;
+    const std::unique_ptr<Private> d;
 };
 
 } // namespace Quorvex
@@ -106,5 +105,5 @@ private:
         [[nodiscard]] QString headerPath() const override;                                         \
                                                                                                    \
     private:                                                                                       \
-        Name##_TR();                                                                               \
+        Name##_TR() = default;                                                                     \
     }

@@ -2,6 +2,8 @@
 
 #include <tavex/application/senvironment.h>
 #include <tavex/convert/slocale.h>
+#include <tavex/core/defaultlocale_p.h>
+#include <tavex/core/lasting_p.h>
 #include <tavex/core/spointer.h>
 
 #include <QCoreApplication>
@@ -12,16 +14,12 @@
 #include <QSet>
 
 #include <algorithm>
+#include <memory>
 #include <mutex>
+#include <vector>
 
 namespace Quorvex {
 namespace {
-
-const QString &catalogueFolder()
-{
-    static const QString folder = QStringLiteral(":/translations");
-    return folder;
-}
 
 struct Identity
 {
@@ -32,25 +30,23 @@ struct Identity
 
 Identity &identity()
 {
-    static Identity identity;
-    return identity;
+    static constinit Lasting<Identity> identity;
+    return identity.get();
 }
 
+/// What is registered and made. Nothing is loaded under its mutex, so that who registers does not
+/// wait for a loader, which might wait for it.
 struct Registration
 {
-    // Recursive: a runtime loader may register something, or use a translator for the first time,
-    // while init() loads.
-    std::recursive_mutex mutex;
+    // Made first, it is there when the last translator leaves the registration.
+    std::recursive_mutex &load = loadLock();
+    std::mutex mutex;
     QList<SEnumTranslatorBase *> enumTranslators;
     QStringList catalogues;
     SPointerList<QTranslator> translators;
 };
 
-Registration &registration()
-{
-    static Registration registration;
-    return registration;
-}
+constinit Lasting<Registration> registration;
 
 QString unifiedSeparators(QString path)
 {
@@ -60,13 +56,6 @@ QString unifiedSeparators(QString path)
 QString catalogueFile(const QString &name, const QLocale &locale)
 {
     return name + QLatin1Char('_') + SLocale::name(locale);
-}
-
-QTranslator *addTranslator(Registration &r)
-{
-    auto *translator = new QTranslator;
-    r.translators.add(translator);
-    return translator;
 }
 
 /// Loads the catalogue \a file into \a translator from the first of \a folders that has it.
@@ -176,40 +165,75 @@ QString TavexApplication::flagIconName(const QLocale &locale)
 
 void TavexApplication::init(const QLocale &locale)
 {
-    Registration &r = registration();
-    const std::scoped_lock lock(r.mutex);
+    Registration &r = registration.get();
+    const std::scoped_lock loading(r.load);
+    keepDefaultLocaleAtExit();
+    keepDefaultLocale();
     QLocale::setDefault(locale);
-    // By index: the lists may grow while a translator loads.
-    for (qsizetype i = 0; i < r.enumTranslators.size(); ++i)
-        r.enumTranslators.at(i)->load(locale, catalogueFolder());
+
+    // Translators come and go while others load.
+    QSet<SEnumTranslatorBase *> loaded;
+    const auto next = [&]() -> SEnumTranslatorBase * {
+        const std::scoped_lock lock(r.mutex);
+        const auto found = std::ranges::find_if_not(
+            r.enumTranslators, [&](auto *translator) { return loaded.contains(translator); });
+        return found == r.enumTranslators.end() ? nullptr : *found;
+    };
+    while (SEnumTranslatorBase *const translator = next()) {
+        loaded.insert(translator);
+        translator->load(locale, catalogueFolder());
+    }
+
+    std::vector<std::unique_ptr<QTranslator>> made;
+    const auto make = [&made] { return made.emplace_back(std::make_unique<QTranslator>()).get(); };
     for (const QString &name : qtTranslatorNames())
-        qtTranslationLoad(addTranslator(r), name, locale);
-    for (qsizetype i = 0; i < r.catalogues.size(); ++i)
-        translationLoad(addTranslator(r), r.catalogues.at(i), locale);
+        qtTranslationLoad(make(), name, locale);
+    const auto catalogues = [&r] {
+        const std::scoped_lock lock(r.mutex);
+        return r.catalogues;
+    };
+    for (const QString &name : catalogues())
+        translationLoad(make(), name, locale);
+    const std::scoped_lock lock(r.mutex);
+    for (std::unique_ptr<QTranslator> &translator : made)
+        r.translators.add(translator.release());
 }
 
 void TavexApplication::translationRegister(const QString &name)
 {
-    Registration &r = registration();
+    Registration &r = registration.get();
     const std::scoped_lock lock(r.mutex);
     r.catalogues.append(name);
 }
 
 void TavexApplication::translationRegister(SEnumTranslatorBase *translator)
 {
-    Registration &r = registration();
-    const std::scoped_lock lock(r.mutex);
-    if (!translator || r.enumTranslators.contains(translator))
+    if (!translator)
         return;
-    r.enumTranslators.append(translator);
-    translator->load(QLocale(), catalogueFolder());
+    Registration &r = registration.get();
+    const QString name = translator->name();
+    {
+        const std::scoped_lock lock(r.mutex);
+        if (r.enumTranslators.contains(translator))
+            return;
+        translator->setRegistered(name);
+        r.enumTranslators.append(translator);
+    }
+    translator->loadFirst(SEnumTranslatorBase::FirstLoad::UnlessBusy);
 }
 
 void TavexApplication::translationUnregister(SEnumTranslatorBase *translator)
 {
-    Registration &r = registration();
-    const std::scoped_lock lock(r.mutex);
-    r.enumTranslators.removeOne(translator);
+    Registration *const r = registration.peek();
+    if (!r)
+        return; // The library is being unloaded.
+    const std::scoped_lock lock(r->load, r->mutex);
+    r->enumTranslators.removeOne(translator);
+}
+
+QString TavexApplication::catalogueFolder()
+{
+    return QStringLiteral(":/translations");
 }
 
 QStringList TavexApplication::translationPaths()
@@ -258,7 +282,9 @@ QList<QLocale::Language> TavexApplication::translationList(const QString &name)
 
 QList<QTranslator *> TavexApplication::translations()
 {
-    return registration().translators.toList();
+    Registration &r = registration.get();
+    const std::scoped_lock lock(r.mutex);
+    return r.translators.toList();
 }
 
 void TavexApplication::restart()

@@ -18,9 +18,11 @@ namespace Quorvex {
 /// catalogues, call init(), and install what translations() returns; the library never installs a
 /// translator itself.
 ///
-/// init() and translationRegister() exclude one another and may be called from any thread, also by
-/// a runtime loader that init() calls. The other members take no lock: set the identity and the
-/// licence key before other threads read them.
+/// init(), translationRegister() and translations() may be called from any thread, also by a
+/// runtime loader that init() calls. The other members take no lock: set the identity and the
+/// licence key before other threads read them. Qt asks for the same of the default locale, which
+/// init() sets: while other threads use the default locale, without an own one in their calls, it
+/// should not change.
 class TAVEX_EXPORT TavexApplication
 {
 public:
@@ -74,14 +76,16 @@ public:
     /// Makes \a locale the default locale, loads every registered enumeration translator for it,
     /// and makes and loads a translator for Qt's own texts and for each registered catalogue. A
     /// catalogue that is missing leaves its translator empty. A further call adds new translators;
-    /// the earlier ones stay alive.
+    /// the earlier ones stay alive and as they are. Waits for other threads that load.
     static void init(const QLocale &locale);
 
     /// Registers the catalogue base name \a name, to be loaded by the next init().
     static void translationRegister(const QString &name);
 
-    /// Registers \a translator and loads it for the default locale. It is not owned and leaves the
-    /// registration when it is destroyed. Null, and one that is registered already, are ignored.
+    /// Registers \a translator and loads it for the default locale; while another thread loads, it
+    /// is not waited for, and the translator is loaded by that or when it is first used. It is not
+    /// owned and leaves the registration when it is destroyed. Null, and one that is registered
+    /// already, are ignored.
     static void translationRegister(SEnumTranslatorBase *translator);
 
     /// Where catalogues are searched, in this order: the application's folder, its subfolder
@@ -120,6 +124,7 @@ public:
 private:
     friend SEnumTranslatorBase;
     static void translationUnregister(SEnumTranslatorBase *translator);
+    static QString catalogueFolder();
 };
 
 } // namespace Quorvex

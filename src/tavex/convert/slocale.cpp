@@ -7,10 +7,9 @@ static QLocale klingon()
     return {QLocale::Language(114), QLocale::AnyScript, QLocale::AnyTerritory};
 }
 
-static const QString &klingonName()
+static QString klingonName()
 {
-    static const QString name = QStringLiteral("tlh");
-    return name;
+    return QStringLiteral("tlh");
 }
 
 SLocale::SLocale(QLocale::NumberOptions options)

@@ -1,5 +1,7 @@
 #include <tavex/convert/svariantconvert.h>
 
+#include <tavex/core/lasting_p.h>
+
 #include <map>
 #include <mutex>
 
@@ -14,8 +16,8 @@ struct Registry
 
 Registry &registry()
 {
-    static Registry registry;
-    return registry;
+    static constinit Lasting<Registry> registry;
+    return registry.get();
 }
 
 } // namespace

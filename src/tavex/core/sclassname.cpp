@@ -1,5 +1,7 @@
 #include <tavex/core/sclassname.h>
 
+#include <tavex/core/lasting_p.h>
+
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -10,6 +12,18 @@
 #endif
 
 namespace Quorvex {
+namespace {
+
+struct Patterns
+{
+    QRegularExpression separator{QStringLiteral("(:|\\s)")};
+    QRegularExpression prefix{QStringLiteral("^S[A-Z]")};
+    QRegularExpression wordStart{QStringLiteral("([a-z])([0-9|A-Z])")};
+};
+
+constinit Lasting<Patterns> patterns;
+
+} // namespace
 
 /// The name as it stands in source code: compilers with the Itanium ABI give it encoded.
 static QString readableName(const std::type_info &type)
@@ -26,15 +40,12 @@ static QString readableName(const std::type_info &type)
 
 QString SClassName::name(const std::type_info &type)
 {
-    static const QRegularExpression separator(QStringLiteral("(:|\\s)"));
-    return readableName(type).split(separator).constLast();
+    return readableName(type).split(patterns.get().separator).constLast();
 }
 
 QString SClassName::displayName(const QString &className)
 {
-    static const QRegularExpression prefix(QStringLiteral("^S[A-Z]"));
-    static const QRegularExpression wordStart(QStringLiteral("([a-z])([0-9|A-Z])"));
-
+    const auto &[separator, prefix, wordStart] = patterns.get();
     QString words = className;
     if (prefix.match(words).hasMatch())
         words.remove(0, 1);

@@ -3,6 +3,7 @@
 
 #include <tavex/application/s3rdparty.h>
 #include <tavex/convert/svariantconvert.h>
+#include <tavex/core/lasting_p.h>
 #include <tavex/core/sversion.h>
 #include <tavex/enums/enumlist_p.h>
 #include <tavex/system/cpu_p.h>
@@ -12,6 +13,7 @@
 #include <QVariant>
 
 #include <array>
+#include <memory>
 
 #define DEFINE_KEY_TABLE(Name)                                                                     \
     Name##_T::Name##_T()                                                                           \
@@ -21,8 +23,8 @@
     }                                                                                              \
     const Name##_T &Name##_T::instance()                                                           \
     {                                                                                              \
-        static const Name##_T table;                                                               \
-        return table;                                                                              \
+        static constinit Lasting<Name##_T> table;                                                  \
+        return table.get([] { return std::unique_ptr<Name##_T>(new Name##_T); });                  \
     }                                                                                              \
     QString Name##_T::name() const                                                                 \
     {                                                                                              \
@@ -35,13 +37,12 @@
 
 #define DEFINE_TRANSLATED(Name)                                                                    \
     DEFINE_KEY_TABLE(Name)                                                                         \
-    Name##_TR::Name##_TR()                                                                         \
-    {                                                                                              \
-        translationRegister();                                                                     \
-    }                                                                                              \
     Name##_TR &Name##_TR::instance()                                                               \
     {                                                                                              \
-        static Name##_TR translator;                                                               \
+        static constinit Lasting<Name##_TR> home;                                                  \
+        Name##_TR &translator =                                                                    \
+            home.get([] { return std::unique_ptr<Name##_TR>(new Name##_TR); });                    \
+        translator.translationRegister(); /* Once it is there, a loader may use it. */             \
         return translator;                                                                         \
     }                                                                                              \
     QString Name##_TR::name() const                                                                \
@@ -121,6 +122,7 @@ public:
 
     ~Startup()
     {
+        LastingBase::destroyAll();
         unregisterResources();
         // Qt would go on pointing to descriptions of types that leave memory with the library.
         for (const QMetaType &type : m_types)

@@ -2,18 +2,19 @@
 
 #include <tavex/core/export.h>
 
-#include <QHash>
 #include <QLocale>
 #include <QString>
 #include <QStringList>
+
+#include <memory>
 
 namespace Quorvex {
 
 /// The key table of an enumeration: which key texts each value has.
 ///
 /// Tables are derived from SEnumBase; this part does not know the enumeration's type and takes
-/// values as 64-bit numbers (unsigned ones as their bit pattern). A table is filled while it is
-/// constructed and only read afterwards, so any thread may use it.
+/// values as 64-bit numbers (unsigned ones as their bit pattern). A table is complete when it is
+/// first read and only read afterwards, so any thread may use it.
 class TAVEX_EXPORT ISEnum
 {
 public:
@@ -34,19 +35,22 @@ public:
 protected:
     ISEnum();
 
-    /// Lets the loader that is registered for name(), if there is one, add its keys. Called once,
-    /// at the end of the constructor of the most derived class.
+    /// Lets the loader that is registered for name(), if there is one, add its keys when the table
+    /// is first read. To be called once, by the constructor of the most derived class. A loader
+    /// that reads the table sees what is in it so far; other threads wait for the whole.
     void loadRuntimeKeys();
 
     /// All keys in the order in which they were added.
-    [[nodiscard]] const QStringList &allKeys() const noexcept { return m_order; }
+    [[nodiscard]] const QStringList &allKeys() const;
 
     /// The last key of \a value, or else the number in decimal as \a locale writes it.
     [[nodiscard]] QString text(qint64 value, bool isUnsigned, const QLocale &locale) const;
 
 private:
-    QHash<qint64, QStringList> m_keys;
-    QStringList m_order;
+    void load() const;
+
+    struct Private;
+    const std::unique_ptr<Private> d;
 };
 
 } // namespace Quorvex

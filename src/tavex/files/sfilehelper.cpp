@@ -1,5 +1,7 @@
 #include <tavex/files/sfilehelper.h>
 
+#include <tavex/core/lasting_p.h>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -62,8 +64,8 @@ class DeletionList
 public:
     static DeletionList &instance()
     {
-        static DeletionList list;
-        return list;
+        static constinit Lasting<DeletionList> list;
+        return list.get();
     }
 
     DeletionList() = default;

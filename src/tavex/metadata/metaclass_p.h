@@ -2,6 +2,7 @@
 
 #include <tavex/metadata/iequatable.h>
 
+#include <atomic>
 #include <typeinfo>
 
 /// \file
@@ -53,6 +54,9 @@ bool equalValues(const Value *value, const Interfaces::IEquatable *other)
     }                                                                                              \
     quint64 Name::uniqueId()                                                                       \
     {                                                                                              \
-        static const quint64 id = typeid(Name).hash_code();                                        \
+        static constinit std::atomic<quint64> known = 0;                                           \
+        quint64 id = known.load(std::memory_order_relaxed);                                        \
+        if (id == 0)                                                                               \
+            known.store(id = typeid(Name).hash_code(), std::memory_order_relaxed);                 \
         return id;                                                                                 \
     }

@@ -5,12 +5,27 @@
 
 #include <QSysInfo>
 
+#include <atomic>
+
 namespace Quorvex {
+
+/// What \a count found first, for good.
+template <typename Count>
+static int firstResult(std::atomic<int> *known, Count count)
+{
+    int result = known->load(std::memory_order_relaxed);
+    if (result == 0) {
+        const int found = count();
+        if (known->compare_exchange_strong(result, found, std::memory_order_relaxed))
+            result = found;
+    }
+    return result;
+}
 
 int Cpu::affinityAtLoad()
 {
-    static const int count = Platform::affinityProcessors();
-    return count;
+    static constinit std::atomic<int> count = 0;
+    return firstResult(&count, &Platform::affinityProcessors);
 }
 
 QString SCpuInfo::vendor()
@@ -60,12 +75,12 @@ int SCpuInfo::cores()
 
 int SCpuInfo::threads()
 {
-    static const int count = [] {
+    static constinit std::atomic<int> count = 0;
+    return firstResult(&count, [] {
         const int affinity = Cpu::affinityAtLoad();
         const int quota = Platform::quotaProcessors();
         return quota > 0 ? qMin(affinity, quota) : affinity;
-    }();
-    return count;
+    });
 }
 
 } // namespace Quorvex
