@@ -47,24 +47,11 @@ std::vector<T> samples()
     std::vector<T> values{Limits::lowest(), Limits::max(), T(0), T(1), T(100), T(-1)};
     if constexpr (std::is_floating_point_v<T>) {
         const T more[] = {Limits::min(), Limits::denorm_min(), Limits::epsilon(), T(0.1), T(-2.5),
-            T(1234567.875), T(1) / 3, Limits::infinity()};
+            T(1234567.875), T(1) / 3, T(1e-5), T(9.99e-6), T(-1e15), T(1e16), -T(0),
+            Limits::infinity(), -Limits::infinity()};
         values.insert(values.end(), std::begin(more), std::end(more));
     }
     return values;
-}
-
-/// Whether QLocale reads the text that it writes itself.
-template <typename T>
-bool qtReads(T value, const QLocale &locale)
-{
-    if constexpr (std::is_floating_point_v<T>) {
-        const QString text = locale.toString(double(value), 'g', QLocale::FloatingPointShortest);
-        return locale.toDouble(text) == double(value);
-    } else if constexpr (std::is_signed_v<T>) {
-        return locale.toLongLong(locale.toString(qlonglong(value))) == value;
-    } else {
-        return locale.toULongLong(locale.toString(qulonglong(value))) == value;
-    }
 }
 
 } // namespace
@@ -81,21 +68,15 @@ private Q_SLOTS:
         const QList<QLocale> locales = QLocale::matchingLocales(
             QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);
         QVERIFY(locales.size() > 500);
-        // Values in locales whose text Qt itself does not read: negative integers, and reals.
-        int integers = 0;
-        int reals = 0;
         const auto check = [&](const auto &parser, auto type, const QLocale &locale) {
             using T = decltype(type);
             for (const T value : samples<T>()) {
-                bool ok = false;
-                if (!qtReads(value, locale)) {
-                    ++(std::is_floating_point_v<T> ? reals : integers);
-                    continue;
-                }
                 for (const char *format : {"", "{width:30}", "{base:10}", "{unknown}"}) {
+                    bool ok = false;
                     const QString text = SConvert::toString(value, string(format), locale);
                     const T read = parser(text, &ok, locale);
                     QVERIFY2(ok && read == value, qPrintable(locale.name() + u' ' + text));
+                    QVERIFY(1 / double(read) == 1 / double(value)); // The signs of 0 differ.
                     QCOMPARE(parser(QVariant(text), locale), value);
                 }
             }
@@ -115,8 +96,33 @@ private Q_SLOTS:
             QVERIFY(SConvert::toBool(SConvert::toString(true), locale));
             QVERIFY(!SConvert::toBool(SConvert::toString(false), locale));
         }
-        QVERIFY2(integers <= 44 * 8, qPrintable(QString::number(integers)));
-        QVERIFY2(reals <= 726, qPrintable(QString::number(reals)));
+    }
+
+    // Whatever QLocale refuses stays refused, but for what the library writes.
+    void refusesWhatItDoesNotWrite()
+    {
+        for (const char *name : {"en_US", "he_IL", "sv_SE", "fa_IR", "de_DE"}) {
+            QLocale locale{string(name)};
+            const QString minus = locale.negativeSign();
+            const QString group = locale.groupSeparator();
+            const QString one = locale.toString(1);
+            for (const QString &text : {minus + minus + one, one + minus, minus, one + group + one,
+                     minus + one + group + one, one + locale.exponential(), QString(),
+                     minus + one + locale.decimalPoint() + one + group + one}) {
+                bool ok = true;
+                QVERIFY2(SConvert::toDouble(text, &ok, locale) == 0 && !ok, qPrintable(text));
+                QVERIFY2(SConvert::toInt32(text, &ok, locale) == 0 && !ok, qPrintable(text));
+            }
+            for (const char *format : {"", "{f:2}", "{e:3}", "{g:9}"}) {
+                const QString text = SConvert::toString(-1234.5, string(format), locale);
+                QCOMPARE(
+                    SConvert::toString(SConvert::toDouble(text, locale), string(format), locale),
+                    text);
+            }
+            const QString grouped = SConvert::toString(-12345, locale);
+            locale.setNumberOptions(QLocale::RejectGroupSeparator);
+            QCOMPARE(SConvert::toInt32(grouped, locale), 0);
+        }
     }
 
     void parsesIntegers()
@@ -164,10 +170,8 @@ private Q_SLOTS:
         QVERIFY(convertsNumbers());
         QCOMPARE(SConvert::toUInt64(QVariant(Max<qint64>)), quint64(Max<qint64>));
         QCOMPARE(SConvert::toInt32(QVariant(3.9)), 4); // As QMetaType does it.
-        QCOMPARE(SConvert::toInt32(QVariant(2147483647.7)), Max<int>);
-        QCOMPARE(SConvert::toUInt64(QVariant(1e19)), quint64(1e19));
-        QCOMPARE(SConvert::toUInt8(QVariant(-1e30F)), quint8(0));
-        QCOMPARE(SConvert::toInt64(QVariant(qQNaN())), qint64(0));
+        QCOMPARE(SConvert::toUInt8(QVariant(-3.9)), quint8(252));
+        QCOMPARE(SConvert::toUInt16(QVariant::fromValue(SIPrefix::Kilo)), quint16(SIPrefix::Kilo));
         QCOMPARE(SConvert::toDouble(QVariant()), 0.0);
         QCOMPARE(SConvert::toInt16(QVariant(QUrl())), qint16(0));
         QCOMPARE(SConvert::toSingle(QVariant(2.5F)), 2.5F);
@@ -241,10 +245,16 @@ private Q_SLOTS:
         row(1.5, "{%:1}", "1.5");
         row(0.1F, "", "0.1");
         row(16777216.0F, "", "16,777,216");
+        row(100000.0, "", "100,000");
+        row(-0.0001, "{x}", "-0.0001");
+        row(0.00001F, "", "0.00001");
+        row(9.5e-6, "", "9.5E-06");
+        row(1e15, "", "1,000,000,000,000,000");
+        row(1e16F, "", "1E+16");
         row(QDate(2024, 2, 29), "", "Thursday, February 29, 2024");
         row(QDate(2024, 2, 29), "{short}", "29.02.24", german);
         row(QDate(2024, 2, 29), "{iso}", "2024-02-29", german);
-        row(QDate(2024, 2, 29), "yyyy/M", "2024/2");
+        row(QDate(2024, 2, 29), " yyyy/M ", "2024/2");
         row(QDate(2024, 2, 29), "{odd}", "Thursday, February 29, 2024");
         row(QDate(2024, 2, 29), "yyyy}", "2024}");
         for (const char *format : {"", "{iso}", "{short}", "yyyy HH"}) {
@@ -266,11 +276,15 @@ private Q_SLOTS:
         row(QChar(u'x'), "{f:2}", "x");
         const QJsonObject object{{string("a"), QJsonArray{1, QJsonValue()}}};
         row(object, "", "{\"a\":[1,null]}");
-        row(object, "{indent}", "{\n    \"a\": [\n        1,\n        null\n    ]\n}");
-        row(QJsonDocument(object), "{json:indent}",
-            "{\n    \"a\": [\n        1,\n        null\n    ]\n}");
-        row(QJsonValue(object), "{indent}", "{\n    \"a\": [\n        1,\n        null\n    ]\n}");
-        row(QJsonValue(object[string("a")]), "{indent}", "[\n    1,\n    null\n]");
+        const char *const indented = "{\n    \"a\": [\n        1,\n        null\n    ]\n}\n";
+        for (const char *format : {"{indent}", "{json:indent}"}) {
+            row(object, format, indented);
+            row(QJsonDocument(object), format, indented);
+            row(QJsonValue(object), format, indented);
+            row(QVariant(object.toVariantMap()), "{json:indent}", indented);
+        }
+        row(object, " {indent}", "{\"a\":[1,null]}");
+        row(QJsonValue(object[string("a")]), "{indent}", "[\n    1,\n    null\n]\n");
         row(QJsonArray{1}, "", "[1]");
         row(QJsonValue(string("\"x")), "", "\"\\\"x\"");
         row(QJsonValue(QJsonValue::Undefined), "", "");
@@ -285,6 +299,75 @@ private Q_SLOTS:
         row(map, "", "k: [1, [{x: 2.5}]], l: []");
         row(QVariantHash{{string("b"), 1}, {string("a"), QVariantHash()}}, "", "a: {}, b: 1");
         row(map, "{json}", "{\"k\":[1,[{\"x\":2.5}]],\"l\":[]}");
+        const qlonglong exact = qlonglong(1) << 53;
+        row(QVariantList{QVariant::fromValue(SVersion(1, 2, 3)), QVariant::fromValue(Bool::True),
+                QVariant::fromValue(QList<QList<QDate>>{{QDate(2024, 2, 29)}}), exact, -exact - 1,
+                Max<quint64>, 0.1F, QVariant(), QByteArray("a"),
+                QVariant::fromValue(QHash<QString, SIPrefix>{{string("u"), SIPrefix::Kilo}}),
+                QVariant::fromValue(Qt::AlignLeft | Qt::AlignTop)},
+            "{json}",
+            "[\"1.2.3\",\"True\",[[\"2024-02-29\"]],9007199254740992,\"-9007199254740993\","
+            "\"18446744073709551615\",0.1,null,\"a\",{\"u\":\"Kilo\"},"
+            "\"AlignLeading|AlignTop\"]");
+        // Qt knows how to reach the elements.
+        row(QVariant::fromValue(std::vector<QTime>{{1, 2}}), "{iso}", "01:02:00.000");
+    }
+
+    // What a value gives, it gives in lists and maps and from variants.
+    void writesEveryTypeEverywhere()
+    {
+        const auto check = [](const auto &value, const char *format) {
+            using T = std::remove_cvref_t<decltype(value)>;
+            const QString f = string(format);
+            const QString text = SConvert::toString(value, f);
+            QVERIFY(!text.isEmpty());
+            const auto gives = [&](const auto &container, const QString &expected) {
+                QCOMPARE(SConvert::toString(container, f), expected);
+                const QVariant variant = QVariant::fromValue(container);
+                QCOMPARE(SConvert::toString(variant, f), expected);
+                QCOMPARE(SConvert::toString(QVariantList{variant, 1}, string("{json}")),
+                    u'['
+                        + SConvert::toString(QVariantList{variant}, string("{json}"))
+                              .chopped(1)
+                              .mid(1)
+                        + string(",1]"));
+            };
+            gives(QList<T>{value, value}, text + string(", ") + text);
+            gives(QList<QList<T>>{{value}, {}}, u'[' + text + string("], []"));
+            gives(QMap<QString, T>{{string("k"), value}}, string("k: ") + text);
+            gives(QHash<QString, T>{{string("k"), value}}, string("k: ") + text);
+        };
+        check(true, "");
+        check(-7L, "{width:3}");
+        check(quint8(200), "{base:16}");
+        check(1e-7F, "{e:1}");
+        check(2.5, "");
+        check(string("text"), "");
+        check(QByteArray("bytes"), "");
+        check(QDate(2024, 2, 29), "{iso}");
+        check(QTime(1, 2, 3), "HH:mm");
+        check(QDateTime(QDate(2024, 2, 29), QTime(1, 2)), "{short}");
+        check(QUrl(string("http://a/")), "");
+        check(QUuid::createUuid(), "");
+        check(QJsonDocument(QJsonArray{1}), "{indent}");
+        check(QJsonObject{{string("a"), 1}}, "");
+        check(QJsonArray{1}, "");
+        check(QJsonValue(1.5), "");
+        check(SVersion(1, 2, 3), "{pp}");
+        check(QVariant(2), "");
+        check(Bool::True, "");
+        check(CpuFeatureFlags(1), "");
+        check(OperatingSystem::Linux, "");
+        check(EnumTranslationOptions::NoKeyFallback, "");
+
+        // A value of an enumeration that no one has registered stays so: it may be a plug-in's.
+        enum class Own : quint8 { Value = 200 };
+        QCOMPARE(SConvert::toString(Own::Value), string("200"));
+        QCOMPARE(SConvert::toString(QList<QList<Own>>{{Own::Value}}), string("[200]"));
+        QCOMPARE(SConvert::toString(QList<Own>{Own::Value}, string("{json}")), string("[\"200\"]"));
+        QVERIFY(!QMetaType::fromType<Own>().isRegistered());
+        QVERIFY(!QMetaType::fromType<QList<Own>>().isRegistered());
+        check(Qt::Checked, "");
     }
 
     // The overloads for values give what a variant of the value gives.

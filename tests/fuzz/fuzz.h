@@ -57,10 +57,12 @@ public:
         return text;
     }
 
+    /// Any that there is.
     QLocale locale()
     {
-        const auto language = QLocale::Language(number<ushort>() % (QLocale::LastLanguage + 1));
-        return {language, QLocale::Territory(number<ushort>() % (QLocale::LastTerritory + 1))};
+        static const QList<QLocale> all = QLocale::matchingLocales(
+            QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);
+        return all.at(number<ushort>() % all.size());
     }
 
 private:

@@ -118,11 +118,17 @@ private Q_SLOTS:
         QVERIFY(SMetaDouble(0.1 + 0.2) != SMetaDouble(0.3));
         static_assert(!std::is_constructible_v<SMetaBool, const char *>);
         QCOMPARE(SMetaListInt32({1, -2, 3}).toString(QLocale::c()), string("1, -2, 3"));
+        QCOMPARE(SMetaListDouble({1.5, 2}).toString(QLocale::German), string("1,5; 2"));
+        QCOMPARE(SMetaDouble(0.0001).toString(QLocale::English), string("0.0001"));
+        QCOMPARE(SMetaInt32(1e10).value(), Max<int>);
+        QCOMPARE(SMetaUInt8(-3.9).value(), quint8(0));
 
         // The base can be given what the class does not hold.
         SMetaInt32 number(1);
         static_cast<SMetaVariant &>(number) = Own<SMetaVariant>(string("42"));
         QCOMPARE(number.value(), 42);
+        static_cast<SMetaVariant &>(number) = Own<SMetaVariant>(-3.9e9);
+        QCOMPARE(number.value(), SConvert::toInt32(QVariant(-3.9e9)));
         QVERIFY(Own<SMetaVariant>(QVariant()).isEmpty());
     }
 
@@ -136,11 +142,18 @@ private Q_SLOTS:
             {"\xFF", string("iso-8859-1"), QStringLiteral(u"\u00FF")},
             {QByteArray("\0a", 2), string("UTF-16BE"), string("a")},
             {"a", string("no-such"), string("Binary data [len: 1 bytes]")},
+            {QByteArray("\0a\0", 3), string("UTF-16BE"), string("Binary data [len: 3 bytes]")},
+            {QByteArray("\xD8\0\0a", 4), string("UTF-16BE"), string("Binary data [len: 4 bytes]")},
+            {QByteArray("a\0\0", 3), string("UTF-32LE"), string("Binary data [len: 3 bytes]")},
+            {QByteArray("\xFF\xFE\0\0a\0\0\0", 8), string("UTF-32"), string("a")},
+            {QByteArray("\x3D\xD8\0\0\0\xDE\0\0", 8), string("UTF-32LE"),
+                string("Binary data [len: 8 bytes]")},
         };
         for (const auto &[bytes, encoding, text] : rows)
             QCOMPARE(Own<SMetaByteArray>(bytes).toString(encoding), text);
         Own<SMetaJsonDocument> json(QJsonDocument(QJsonObject{{string("a"), 1}}));
-        QCOMPARE(json.toString(string("{other}")), string("{\"a\":1}"));
+        for (const char *format : {"{other}", " {indent} "})
+            QCOMPARE(json.toString(string(format)), string("{\"a\":1}"));
         for (const char *format : {"{indent}", "{json:indent}"})
             QVERIFY(json.toString(string(format)).contains(QLatin1Char('\n')));
 

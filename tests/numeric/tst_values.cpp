@@ -62,7 +62,8 @@ private Q_SLOTS:
         };
         const double rows[][4] = {
             {Limits::lowest(), Limits::max(), Limits::denorm_min(), -Limits::min()},
-            {0.1, -1234567.875, 1e-7, -1}, {Limits::infinity(), -Limits::infinity(), -0.0, 1e300}};
+            {0.1, -1234567.875, 1e-7, -1}, {-1.234, 2, 100000, 0.0001},
+            {Limits::infinity(), -Limits::infinity(), -0.0, 1e300}};
         for (const QLocale &locale : locales) {
             for (const auto &[a, b, c, d] : rows) {
                 check(SPointF(a, b), locale);

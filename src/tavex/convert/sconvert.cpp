@@ -21,6 +21,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <utility>
 
 namespace Quorvex {
 namespace {
@@ -350,62 +351,74 @@ using LibraryEnums =
         EnumTranslationOptions>;
 #undef ENUM_NAME
 
-/// The number of the enumeration value that \a value holds.
-QVariant enumNumber(const QVariant &value)
+/// A value and the description of its type, of which no variant is made: that would register it.
+struct Value
 {
-    constexpr int Signed[] = {
-        QMetaType::SChar, QMetaType::Short, QMetaType::Int, QMetaType::LongLong};
-    constexpr int Unsigned[] = {
-        QMetaType::UChar, QMetaType::UShort, QMetaType::UInt, QMetaType::ULongLong};
-    const QMetaType type = value.metaType();
-    const auto index = std::countr_zero(static_cast<quint64>(type.sizeOf()));
-    const bool isUnsigned = type.flags().testFlag(QMetaType::IsUnsignedEnumeration);
-    return QVariant(QMetaType((isUnsigned ? Unsigned : Signed)[index]), value.constData());
-}
-
-bool isEnum(const QVariant &value)
-{
-    return value.metaType().flags().testFlag(QMetaType::IsEnumeration);
-}
-
-/// The key of an enumeration that Qt's meta-object compiler knows; empty for any other.
-QString qtKey(const QVariant &value, const QVariant &number)
-{
-    const QMetaType type = value.metaType();
-    const QMetaObject *const scope = type.metaObject();
-    if (!scope)
-        return {};
-    QByteArray name(type.name());
-    name = name.mid(name.lastIndexOf(':') + 1);
-    if (name.endsWith('>'))
-        name.chop(1); // QFlags<Scope::Name>
-    const QMetaEnum keys = scope->enumerator(scope->indexOfEnumerator(name.constData()));
-    if (!keys.isValid())
-        return {};
-    return QString::fromUtf8(keys.isFlag() ? keys.valueToKeys(number.toInt())
-                                           : QByteArray(keys.valueToKey(number.toInt())));
-}
-
-/// The text of a value whose type is in no list here. Qt is asked without registering anything.
-QString foreignText(const QVariant &value, const QLocale &locale)
-{
-    const QMetaType type = MetaType::registered(value.metaType());
-    QString text;
-    if (type.isValid())
-        QMetaType::convert(type, value.constData(), QMetaType::fromType<QString>(), &text);
-    if (text.isEmpty() && isEnum(value)) {
-        const QVariant number = enumNumber(value);
-        text = qtKey(value, number);
-        if (text.isEmpty())
-            text = SConvert::toString(number, locale);
+    Value(const QVariant &variant)
+        : Value(variant.metaType(), variant.constData())
+    {
     }
-    return text;
-}
+    Value(QMetaType metaType, const void *content)
+        : type(metaType)
+        , data(content)
+        , registered(MetaType::registered(metaType))
+    {
+    }
 
-SVariantConvert::Converter converterOf(const QVariant &value)
-{
-    return SVariantConvert::sVariantToStringFunction(MetaType::registered(value.metaType()).id());
-}
+    [[nodiscard]] bool isEnum() const { return type.flags().testFlag(QMetaType::IsEnumeration); }
+
+    /// The number of an enumeration's value.
+    [[nodiscard]] QVariant number() const
+    {
+        constexpr int Signed[] = {
+            QMetaType::SChar, QMetaType::Short, QMetaType::Int, QMetaType::LongLong};
+        constexpr int Unsigned[] = {
+            QMetaType::UChar, QMetaType::UShort, QMetaType::UInt, QMetaType::ULongLong};
+        const auto index = std::countr_zero(static_cast<quint64>(type.sizeOf()));
+        const bool isUnsigned = type.flags().testFlag(QMetaType::IsUnsignedEnumeration);
+        return QVariant(QMetaType((isUnsigned ? Unsigned : Signed)[index]), data);
+    }
+
+    /// The key of an enumeration's value, if Qt's meta-object compiler knows it.
+    [[nodiscard]] QString key() const
+    {
+        const QMetaObject *const scope = type.metaObject();
+        if (!scope)
+            return {};
+        QByteArray name(type.name());
+        name = name.mid(name.lastIndexOf(':') + 1);
+        if (name.endsWith('>'))
+            name.chop(1); // QFlags<Scope::Name>
+        const QMetaEnum keys = scope->enumerator(scope->indexOfEnumerator(name.constData()));
+        const int value = number().toInt();
+        return QString::fromUtf8(
+            keys.isFlag() ? keys.valueToKeys(value) : QByteArray(keys.valueToKey(value)));
+    }
+
+    /// What Qt makes of it, else an enumeration's key or number.
+    [[nodiscard]] QString text(const QLocale &locale) const
+    {
+        QString result;
+        if (registered.isValid())
+            QMetaType::convert(registered, data, QMetaType::fromType<QString>(), &result);
+        if (result.isEmpty() && isEnum()) {
+            result = key();
+            if (result.isEmpty())
+                result = SConvert::toString(number(), locale);
+        }
+        return result;
+    }
+
+    /// The function that was registered for its type, or null.
+    [[nodiscard]] SVariantConvert::Converter converter() const
+    {
+        return SVariantConvert::sVariantToStringFunction(registered.id());
+    }
+
+    QMetaType type;
+    const void *data;
+    QMetaType registered; ///< Maybe another module's description of the type; maybe none.
+};
 
 } // namespace
 
@@ -429,9 +442,10 @@ bool SConvert::toBool(const QString &text, const QLocale &locale)
 
 bool SNumberConvert::convert(const QVariant &value, QMetaType type, void *result)
 {
-    if (const QMetaType from = MetaType::registered(value.metaType()); from.isValid())
-        return QMetaType::convert(from, value.constData(), type, result);
-    return isEnum(value) && convert(enumNumber(value), type, result);
+    const Value from(value);
+    if (from.registered.isValid())
+        return QMetaType::convert(from.registered, from.data, type, result);
+    return from.isEnum() && convert(from.number(), type, result);
 }
 
 QString SNumberConvert::plainText(const QString &text, const QLocale &locale)
@@ -504,14 +518,16 @@ QString SConvert::text(bool value, const QString &, const QLocale &locale)
 }
 
 /// \a value, or what it holds as a QVariantList or QVariantMap if that is a list or a map.
-QVariant SConvert::opened(const QVariant &value)
+QVariant SConvert::opened(const QVariant &value, const QString &format, const QLocale &locale)
 {
+    if (held<QVariantList>(value) || held<QVariantMap>(value))
+        return value;
     QVariant result = value;
     const auto take = [&]<typename T>(const T &content) {
         if constexpr (std::same_as<T, QVariant>)
-            result = opened(content);
+            result = opened(content, format, locale);
     };
-    const auto open = [&](const auto &content) { result = variant(content); };
+    const auto open = [&](const auto &content) { result = variant(content, format, locale); };
     if (visit(STextTypes(), value, take) || visitContainer(STextTypes(), value, open)
         || visitContainer(LibraryEnums(), value, open))
         return result;
@@ -530,7 +546,7 @@ QVariant SConvert::opened(const QVariant &value)
 
 QJsonValue SConvert::json(const QVariant &value)
 {
-    const QVariant content = opened(value);
+    const QVariant content = opened(value, QString(), QLocale::c());
     if (const auto *const list = held<QVariantList>(content)) {
         QJsonArray array;
         for (const QVariant &element : *list)
@@ -567,15 +583,29 @@ QJsonValue SConvert::json(const QVariant &value)
     return text.isEmpty() ? QJsonValue() : QJsonValue(text);
 }
 
+QString SConvert::enumText(
+    QMetaType type, const void *value, const QString &format, const QLocale &locale)
+{
+    if (isJson(format))
+        return enumText(type, value, QString(), QLocale::c());
+    if (MetaType::isSame(type, QMetaType::fromType<OperatingSystem>()))
+        return OperatingSystem_T::instance().toString(
+            *static_cast<const OperatingSystem *>(value), locale);
+    const Value number(type, value);
+    if (const auto converter = number.converter())
+        return converter(QVariant(number.registered, value), format, locale);
+    return number.text(locale);
+}
+
 QString SConvert::variantText(const QVariant &value, const QString &format, const QLocale &locale)
 {
-    const auto converter = converterOf(value);
+    const auto converter = Value(value).converter();
     return converter ? converter(value, format, locale) : valueText(value, format, locale);
 }
 
 QString SConvert::valueText(const QVariant &value, const QString &format, const QLocale &locale)
 {
-    const QVariant content = opened(value);
+    const QVariant content = opened(value, format, locale);
     const auto *const list = held<QVariantList>(content);
     const auto *const map = held<QVariantMap>(content);
     if ((list || map) && isJson(format)) {
@@ -603,15 +633,15 @@ QString SConvert::valueText(const QVariant &value, const QString &format, const 
     };
     return visit(STextTypes(), content, write) || visitOne<OperatingSystem>(content, write)
         ? result
-        : foreignText(content, locale);
+        : Value(content).text(locale);
 }
 
 /// As variantText(), but lists and maps are put in brackets.
 QString SConvert::elementText(const QVariant &value, const QString &format, const QLocale &locale)
 {
-    if (const auto converter = converterOf(value))
+    if (const auto converter = Value(value).converter())
         return converter(value, format, locale);
-    const QVariant content = opened(value);
+    const QVariant content = opened(value, format, locale);
     const QString text = valueText(content, format, locale);
     if (held<QVariantList>(content))
         return u'[' + text + u']';

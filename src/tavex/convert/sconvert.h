@@ -77,7 +77,7 @@ public:
     template <SScalar N>
     [[nodiscard]] static constexpr bool toBool(N value) noexcept
     {
-        return value != N(0);
+        return convertedNumber<bool>(value);
     }
     /// Whether \a text, trimmed and in upper or lower case, is a word for Bool::True: in the
     /// language of the default locale its translation, its English word or its key, in others its
@@ -115,10 +115,12 @@ public:
     {
         if constexpr (SScalar<T>)
             return text(value, format, locale);
-        else if constexpr (std::is_enum_v<T> || std::same_as<T, QVariant>)
-            return variantText(variant(value), format, locale);
+        else if constexpr (std::is_enum_v<T>)
+            return enumText(QMetaType::fromType<T>(), &value, format, locale);
+        else if constexpr (std::same_as<T, QVariant>)
+            return variantText(value, format, locale);
         else
-            return valueText(variant(value), format, locale);
+            return valueText(variant(value, format, locale), format, locale);
     }
     /// @}
 
@@ -183,36 +185,33 @@ private:
             return qulonglong(value);
     }
 
-    /// \a value as a variant, whose lists and maps are those that every QVariant knows.
+    /// \a value as a variant of a type that every module knows. A variant of another, such as an
+    /// enumeration of a plug-in, makes Qt keep a description that goes with the plug-in.
     /// @{
     template <typename T>
-    static QVariant variant(const T &value)
+    static QVariant variant(const T &value, const QString &format, const QLocale &locale)
     {
-        return QVariant::fromValue(value);
+        if constexpr (std::is_enum_v<T>)
+            return enumText(QMetaType::fromType<T>(), &value, format, locale);
+        else
+            return QVariant::fromValue(value);
     }
     template <typename T>
-    static QVariant variant(const QList<T> &list)
+    static QVariant variant(const QList<T> &list, const QString &format, const QLocale &locale)
     {
         QVariantList values;
         values.reserve(list.size());
         for (const T &value : list)
-            values.append(variant(value));
+            values.append(variant(value, format, locale));
         return values;
     }
-    template <typename T>
-    static QVariant variant(const QMap<QString, T> &map)
+    template <template <typename, typename> typename Map, typename T>
+    static QVariant variant(
+        const Map<QString, T> &map, const QString &format, const QLocale &locale)
     {
         QVariantMap values;
         for (auto entry = map.cbegin(); entry != map.cend(); ++entry)
-            values.insert(entry.key(), variant(entry.value()));
-        return values;
-    }
-    template <typename T>
-    static QVariant variant(const QHash<QString, T> &hash)
-    {
-        QVariantMap values;
-        for (auto entry = hash.cbegin(); entry != hash.cend(); ++entry)
-            values.insert(entry.key(), variant(entry.value()));
+            values.insert(entry.key(), variant(entry.value(), format, locale));
         return values;
     }
     /// @}
@@ -231,12 +230,14 @@ private:
 
     static QString integerText(
         quint64 magnitude, bool isNegative, const QString &format, const QLocale &locale);
+    static QString enumText(
+        QMetaType type, const void *value, const QString &format, const QLocale &locale);
     /// What a converter in SVariantConvert makes of \a value, else its valueText().
     static QString variantText(const QVariant &value, const QString &format, const QLocale &locale);
     static QString valueText(const QVariant &value, const QString &format, const QLocale &locale);
     static QString elementText(const QVariant &value, const QString &format, const QLocale &locale);
     static QJsonValue json(const QVariant &value);
-    static QVariant opened(const QVariant &value);
+    static QVariant opened(const QVariant &value, const QString &format, const QLocale &locale);
     static SVersion variantToVersion(
         const QVariant &value, const QString &format, const QLocale &locale);
 };

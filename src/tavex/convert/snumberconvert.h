@@ -13,6 +13,20 @@ namespace Quorvex {
 template <typename T>
 concept SScalar = SNumber<T> || std::same_as<T, bool>;
 
+/// \a value as T: integers wrap around, reals are truncated towards zero and take the nearest limit
+/// where they do not fit; NaN gives 0. As a `bool`, whether it is not 0.
+template <typename T, SScalar N>
+requires SScalar<T>
+[[nodiscard]] constexpr T convertedNumber(N value) noexcept
+{
+    if constexpr (std::same_as<T, bool>)
+        return value != N(0);
+    else if constexpr (std::floating_point<N>)
+        return saturated<T>(value);
+    else
+        return static_cast<T>(value);
+}
+
 /// The numbers of SConvert: from other numbers, text and variants. The class is not exported as a
 /// whole. A program for Windows would look in the DLL for its function objects, where the compiler
 /// has no reason to put them.
@@ -25,10 +39,7 @@ class SNumberConvert
         template <SScalar N>
         [[nodiscard]] constexpr T operator()(N value) const noexcept
         {
-            if constexpr (std::floating_point<N>)
-                return saturated<T>(value);
-            else
-                return static_cast<T>(value);
+            return convertedNumber<T>(value);
         }
     };
 
@@ -109,8 +120,7 @@ class SNumberConvert
 
 public:
     /// Each is called with
-    /// - a number or a `bool`: integers wrap around, reals are truncated towards zero and take the
-    ///   nearest limit where they do not fit; NaN gives 0;
+    /// - a number or a `bool`, as convertedNumber();
     /// - `(text [, ok] [, locale] [, base])`: base 10 is read by QLocale's rules, and so is what
     ///   SConvert::toString() writes in \a locale where QLocale does not know its own signs; every
     ///   other base, up to 36, is read by the rules of C; base 0 takes "0x" and "0" as marks of the

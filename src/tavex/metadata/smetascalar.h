@@ -1,5 +1,6 @@
 #pragma once
 
+#include <tavex/convert/snumberconvert.h>
 #include <tavex/metadata/smetavariant.h>
 
 namespace Quorvex {
@@ -13,6 +14,12 @@ namespace Quorvex {
     public:                                                                                        \
         /** Holds \a value. */                                                                     \
         Name(const T &value);                                                                      \
+        /** Holds another number, as convertedNumber() makes it fit. */                            \
+        template <SScalar N>                                                                       \
+        Name(N value)                                                                              \
+            : Name(static_cast<const T &>(convertedNumber<T>(value)))                              \
+        {                                                                                          \
+        }                                                                                          \
         template <typename P>                                                                      \
         Name(P *) = delete;                                                                        \
         Name(const Name &) = default;                                                              \

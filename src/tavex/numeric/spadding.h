@@ -12,9 +12,9 @@ namespace Quorvex {
 
 /// The space around something: a QMarginsF that can be written as text and read.
 ///
-/// Unlike QMarginsF it compares its numbers exactly. The text is "left; top; right; bottom": numbers as
-/// SConvert::toString() writes them, without separators of groups. Reading allows blanks around a
-/// number.
+/// Unlike QMarginsF it compares its numbers exactly. The text is "left; top; right; bottom":
+/// numbers as SConvert::toString() writes them, without separators of groups. Reading allows blanks
+/// around a number.
 class SPadding
 {
 public:
