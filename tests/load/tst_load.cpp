@@ -156,7 +156,7 @@ private Q_SLOTS:
         }
         // What went was only the way to the elements of the lists whose numbers the library gave.
         QVERIFY(!isWhole<float>() && !isWhole<double>());
-        qRegisterMetaType<QList<float>>();
+        qRegisterMetaType<QList<float>>("QList<float>");
         QVERIFY(isWhole<float>());
     }
 

@@ -1,7 +1,6 @@
 #include <tavex/core/lasting_p.h>
 #include <tavex/core/listtype_p.h>
 
-#include <memory>
 #include <mutex>
 #include <vector>
 
