@@ -23,12 +23,15 @@ static void makeList(QVariantList *variants)
         variants->append(base.value());
 }
 
-/// Variants of metadata that hold {1, 2}. The library has used them, and types of the plug-in.
+/// Turns a list of another module's list {1, 2} into one of such lists in metadata. The library has
+/// used them all, and types of the plug-in.
 extern "C" Q_DECL_EXPORT void makeLists(QVariantList *variants)
 {
-    if (SConvert::toString(QList<QList<int>>{{1}, {2}}) != QStringLiteral("[1], [2]")
+    if (SConvert::toString(*variants) != QStringLiteral("[1, 2]")
+        || SConvert::toString(QList<QList<int>>{{1}, {2}}) != QStringLiteral("[1], [2]")
         || SConvert::toString(QList<PluginEnum>{PluginEnum::One}) != QStringLiteral("1"))
         return;
+    variants->clear();
     makeList<SMetaListInt8, qint8>(variants);
     makeList<SMetaListUInt8, quint8>(variants);
     makeList<SMetaListInt16, qint16>(variants);
