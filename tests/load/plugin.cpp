@@ -10,6 +10,35 @@
 
 using namespace Quorvex;
 
+enum class PluginEnum { One = 1 };
+
+template <typename Meta, typename T>
+static void makeList(QVariantList *variants)
+{
+    const SMetaListBool other(true);
+    Meta meta(QList<T>{1, 2});
+    const SMetaVariant &base = meta;
+    if (base == Meta(meta) && !(base == other) && meta.value() == QList<T>{1, 2}
+        && meta.toString() == QStringLiteral("1, 2"))
+        variants->append(base.value());
+}
+
+/// Turns a list of another module's list {1, 2} into one of such lists in metadata. The library has
+/// used them all, and types of the plug-in.
+extern "C" Q_DECL_EXPORT void makeLists(QVariantList *variants)
+{
+    if (SConvert::toString(*variants) != QStringLiteral("[1, 2]")
+        || SConvert::toString(QList<QList<int>>{{1}, {2}}) != QStringLiteral("[1], [2]")
+        || SConvert::toString(QList<PluginEnum>{PluginEnum::One}) != QStringLiteral("1"))
+        return;
+    variants->clear();
+    makeList<SMetaListInt8, qint8>(variants);
+    makeList<SMetaListUInt8, quint8>(variants);
+    makeList<SMetaListInt16, qint16>(variants);
+    makeList<SMetaListSingle, float>(variants);
+    makeList<SMetaListDouble, double>(variants);
+}
+
 /// Returns 0, or which step did not work.
 extern "C" Q_DECL_EXPORT int useLibrary()
 {
@@ -21,7 +50,7 @@ extern "C" Q_DECL_EXPORT int useLibrary()
     TavexApplication::init(QLocale(QLocale::German));
     const QString word = Bool_TR::instance().etr(QStringLiteral("True"));
     TavexApplication::init(QLocale::c());
-    const SMetaListInt16 list(QList<qint16>{1, 2});
+    const SMetaListUInt16 list(QList<quint16>{1, 2});
     SProgressPool pool(2);
     pool.setProgress(40);
     const QString name = QStringLiteral("unload%1").arg(QCoreApplication::applicationPid());

@@ -1,17 +1,25 @@
+#include <QAssociativeIterable>
 #include <QFile>
 #include <QFileInfo>
 #include <QLibrary>
 #include <QMetaType>
+#include <QSequentialIterable>
 #include <QTest>
 #include <QTranslator>
 
-#include <memory>
+#include <array>
+#include <utility>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
 
 #include <psapi.h>
 #endif
+
+// The program's own description of one of the library's types.
+namespace Quorvex {
+enum class SIPrefix : qint32;
+}
 
 namespace {
 
@@ -50,6 +58,31 @@ bool isKnown(const char *type)
     return QMetaType::fromName(type).isValid();
 }
 
+/// Whether Qt knows the program's lists of \a T by a number and a description that are theirs.
+template <typename T>
+bool isKept()
+{
+    const QList<T> list{1, 2};
+    const auto variant = QVariant::fromValue(list);
+    const QMetaType known(variant.userType());
+    return qstrcmp(known.name(), QMetaType::fromType<QList<T>>().name()) == 0
+        && variant.value<QList<T>>() == list
+        && QVariant(known, &list).value<QList<T>>() == list; // So queued signals copy it.
+}
+
+/// Whether Qt also reaches the elements, in a map and a pair too.
+template <typename T>
+bool isWhole()
+{
+    const auto list = QVariant::fromValue(QList<T>{1, 2});
+    const auto map = QVariant::fromValue(QMap<T, QString>{{1, {}}});
+    const auto pair = QVariant::fromValue(std::pair<T, QString>(1, {}));
+    return isKept<T>() && list.toList() == QVariantList{T(1), T(2)}
+    && list.value<QSequentialIterable>().size() == 2 && map.toMap().size() == 1
+        && map.value<QAssociativeIterable>().size() == 1
+        && pair.value<std::pair<QVariant, QVariant>>().first == T(1);
+}
+
 } // namespace
 
 class TestLoad : public QObject
@@ -57,6 +90,58 @@ class TestLoad : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    // Whoever is the first to use a type, the program can go on using it: before, between and
+    // after.
+    void typesOfTheProgram()
+    {
+        enum { Int8, UInt8, Int16, Single, Double, Size };
+        const QMetaType own = QMetaType::fromType<Quorvex::SIPrefix>();
+        own.id();
+        QVERIFY(isWhole<qint8>());
+        const QVariant alive = QVariant::fromValue(QList<qint8>{1, 2});
+        for (int round = 0; round < 3; ++round) {
+            QLibrary modules[] = {
+                QLibrary(QStringLiteral(PLUGIN_FILE)), QLibrary(QStringLiteral(OTHER_PLUGIN_FILE))};
+            QVariantList made;
+            for (QLibrary &module : modules) {
+                QVERIFY(module.load());
+                made = {alive};
+                reinterpret_cast<void (*)(QVariantList *)>(module.resolve("makeLists"))(&made);
+                QCOMPARE(made.size(), Size);
+            }
+            for (const char *type :
+                {"QList<uchar>", "QList<short>", "QList<float>", "QList<double>", "QList<bool>",
+                    "QList<int>", "QList<QList<int>>", "PluginEnum"})
+                QVERIFY2(round > 0 || !isKnown(type), type);
+            QVERIFY(isWhole<quint8>());
+            QCOMPARE(made[Int8].toList(), alive.toList());
+            QCOMPARE(made[UInt8].value<QList<quint8>>(), (QList<quint8>{1, 2}));
+            // The program asks for the numbers of lists that the library has made.
+            QCOMPARE(made[Single].value<QList<float>>(), (QList<float>{1, 2}));
+            QVERIFY(made[Double].toList().size() == 2 && isWhole<float>());
+            made.clear();
+            QVERIFY(modules[round % 2].unload());
+            QVERIFY(isWhole<qint8>() && isWhole<quint8>() && isWhole<float>());
+            QVERIFY(modules[1 - round % 2].unload() && !isMapped(QStringLiteral(LIBRARY_FILE)));
+
+            // They take the numbers that are free.
+            []<int... I>(std::integer_sequence<int, I...>)
+            {
+                (QMetaType::fromType<std::array<char, I + 1>>().id(), ...);
+            }
+            (std::make_integer_sequence<int, 50>());
+            QVERIFY(isWhole<qint8>() && isWhole<quint8>() && isWhole<qint16>() && isWhole<int>());
+            QCOMPARE(alive.toList(), (QVariantList{1, 2}));
+            QVERIFY(isKept<float>() && isKept<double>());
+            QCOMPARE(QMetaType::fromName(own.name()).iface(), own.iface());
+        }
+        // What went was only the way to the elements of the lists that the library was first to
+        // have.
+        QVERIFY(!isWhole<float>() && !isWhole<double>());
+        qRegisterMetaType<QList<float>>("QList<float>");
+        QVERIFY(isWhole<float>());
+    }
+
     void loadUseUnload()
     {
         for (const auto &[file, use] : {std::pair(LIBRARY_FILE, false), {PLUGIN_FILE, true}}) {
@@ -79,7 +164,6 @@ private Q_SLOTS:
 
                 QVERIFY(!isMapped(QStringLiteral(LIBRARY_FILE)));
                 QVERIFY(!isKnown("Quorvex::Bool") && !isKnown("Quorvex::SVersion"));
-                QVERIFY(!isKnown("QList<short>"));
                 QVERIFY(!QFile::exists(QStringLiteral(":/flags/svg/de.svg")));
                 QVERIFY(!QFile::exists(QStringLiteral(":/HALF_LICENSE")));
                 if (round == 30)
@@ -93,14 +177,9 @@ private Q_SLOTS:
         }
     }
 
-    // Types that are registered afterwards take the places of those that went.
     void qtGoesOn()
     {
-        struct Local
-        {
-        };
-        const int id = QMetaType::fromType<std::shared_ptr<Local>>().id();
-        QVERIFY(QMetaType(id).isValid() && QMetaType(id).name() != nullptr);
+        QVERIFY(isKept<quint16>());
         for (int type = QMetaType::User; type < QMetaType::User + 100; ++type)
             QVERIFY(!QMetaType::isRegistered(type) || QMetaType(type).name());
         QTranslator translator;

@@ -4,12 +4,11 @@
 #include <tavex/application/s3rdparty.h>
 #include <tavex/convert/svariantconvert.h>
 #include <tavex/core/lasting_p.h>
+#include <tavex/core/metatype_p.h>
 #include <tavex/core/sversion.h>
 #include <tavex/enums/enumlist_p.h>
 #include <tavex/system/cpu_p.h>
 
-#include <QList>
-#include <QMetaSequence>
 #include <QVariant>
 
 #include <array>
@@ -86,9 +85,19 @@ template <typename Table>
 QString enumToText(const QVariant &value, const QString &, const QLocale &locale)
 {
     using Enum = typename Table::Enum;
-    if (value.metaType() != QMetaType::fromType<Enum>())
+    if (!MetaType::isSame(value.metaType(), QMetaType::fromType<Enum>()))
         return {};
     return Table::instance().toString(*static_cast<const Enum *>(value.constData()), locale);
+}
+
+/// Makes Qt register its own descriptions of the views through which it reaches the elements of
+/// lists, maps and pairs, before a list of the library or of a plug-in does so with descriptions
+/// that may be unloaded.
+void registerViews()
+{
+    for (const auto view :
+        {QMetaType::QVariantList, QMetaType::QVariantMap, QMetaType::QVariantPair})
+        QMetaType::canConvert(QMetaType(QMetaType::Int), QMetaType(view));
 }
 
 template <typename T>
@@ -117,6 +126,7 @@ public:
         S3rdParty::registerModule(QStringLiteral("Qt"), QStringLiteral(":/QT_LICENSE"),
             S3rdParty::qtSite(), SVersion(QT_VERSION_MAJOR, QT_VERSION_MINOR, QT_VERSION_PATCH));
         registerResources();
+        registerViews();
         Cpu::affinityAtLoad(); // The rest of SCpuInfo::threads() takes longer and can wait.
     }
 
@@ -127,12 +137,6 @@ public:
         // Qt would go on pointing to descriptions of types that leave memory with the library.
         for (const QMetaType &type : m_types)
             unregister(type);
-        // Those that metadata lists hold, Qt may have registered when a variant was asked for its
-        // type's number.
-        unregisterLists<qint8, quint8, qint16, quint16, qint32, quint32, qint64, quint64, float,
-            double, bool>();
-        // With a list goes its view.
-        unregister(QMetaType::fromType<QIterable<QMetaSequence>>());
     }
 
 private:
@@ -140,14 +144,9 @@ private:
     /// its own.
     static void unregister(const QMetaType &type)
     {
-        if (type.isRegistered() && QMetaType(type.id()).iface() == type.iface())
+        const int number = type.id();
+        if (QMetaType::isRegistered(number) && QMetaType(number).iface() == type.iface())
             QMetaType::unregisterMetaType(type);
-    }
-
-    template <typename... T>
-    static void unregisterLists()
-    {
-        (unregister(QMetaType::fromType<QList<T>>()), ...);
     }
 
 #define REGISTER_ENUM(Name) registerEnum<Name##_T>(),

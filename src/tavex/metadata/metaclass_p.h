@@ -1,6 +1,9 @@
 #pragma once
 
+#include <tavex/core/metatype_p.h>
 #include <tavex/metadata/iequatable.h>
+
+#include <QVariant>
 
 #include <atomic>
 #include <typeinfo>
@@ -23,6 +26,20 @@ const Target *castLike(const Target *like, const Part *part)
     if (typeid(*own) == typeid(*part) && offset(own) == offset(part))
         return static_cast<const Target *>(part);
     return dynamic_cast<const Target *>(part);
+}
+
+/// What \a variant holds, which is a T of the given \a type or as QMetaType converts it. QVariant's
+/// own way would make Qt register both types.
+template <typename T>
+T heldValue(const QVariant &variant, QMetaType type)
+{
+    if (MetaType::isSame(variant.metaType(), type))
+        return *static_cast<const T *>(variant.constData());
+    T result{};
+    const QMetaType from = MetaType::registered(variant.metaType());
+    if (const QMetaType to = MetaType::registered(type); to.isValid())
+        QMetaType::convert(from, variant.constData(), to, &result);
+    return result;
 }
 
 /// equalsTo() of every class that compares with `==` what it holds.

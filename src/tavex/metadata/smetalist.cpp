@@ -1,13 +1,14 @@
 #include <tavex/metadata/smetalist.h>
 
 #include <tavex/convert/sconvert.h>
+#include <tavex/core/listtype_p.h>
 #include <tavex/metadata/metaclass_p.h>
 
 namespace Quorvex {
 
 #define DEFINE_META_LIST(Name, T)                                                                  \
     Name::Name(const QList<T> &values)                                                             \
-        : SMetaVariant(QVariant::fromValue(values))                                                \
+        : SMetaVariant(MetaType::variantOf(values))                                                \
     {                                                                                              \
     }                                                                                              \
     Name::Name(const T &value)                                                                     \
@@ -16,7 +17,7 @@ namespace Quorvex {
     }                                                                                              \
     QList<T> Name::value() const                                                                   \
     {                                                                                              \
-        return SMetaVariant::value().value<QList<T>>();                                            \
+        return heldValue<QList<T>>(SMetaVariant::value(), MetaType::ofList<T>());                  \
     }                                                                                              \
     qsizetype Name::size() const                                                                   \
     {                                                                                              \
@@ -28,7 +29,7 @@ namespace Quorvex {
     }                                                                                              \
     QString Name::toString(const QString &format, const QLocale &locale)                           \
     {                                                                                              \
-        return SConvert::toString(value(), format, locale);                                                    \
+        return SConvert::toString(value(), format, locale);                                        \
     }                                                                                              \
     DEFINE_META_CLASS(Name)
 

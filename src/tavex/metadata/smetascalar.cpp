@@ -4,15 +4,25 @@
 #include <tavex/metadata/smetaversion.h>
 
 namespace Quorvex {
+namespace {
+
+/// The description that Qt has registered: with all compilers that of Qt Core, which stays.
+template <typename T>
+QMetaType qtType()
+{
+    return QMetaType(QMetaType::fromType<T>().id());
+}
+
+} // namespace
 
 #define DEFINE_META_SCALAR(Name, T)                                                                \
     Name::Name(const T &value)                                                                     \
-        : SMetaVariant(QVariant::fromValue(value))                                                 \
+        : SMetaVariant(QVariant(qtType<T>(), &value))                                              \
     {                                                                                              \
     }                                                                                              \
     T Name::value() const                                                                          \
     {                                                                                              \
-        return SMetaVariant::value().value<T>();                                                   \
+        return heldValue<T>(SMetaVariant::value(), QMetaType::fromType<T>());                      \
     }                                                                                              \
     DEFINE_META_CLASS(Name)
 

@@ -1,11 +1,23 @@
 #include <tavex/metadata/smetavariant.h>
 
 #include <tavex/convert/sconvert.h>
+#include <tavex/core/metatype_p.h>
 #include <tavex/metadata/metaclass_p.h>
 
 namespace Quorvex {
 
 SMetaVariant::~SMetaVariant() = default;
+
+bool SMetaVariant::operator==(const SMetaVariant &other) const
+{
+    const QMetaType type = m_value.metaType();
+    const QMetaType otherType = other.m_value.metaType();
+    if (MetaType::isSame(type, otherType))
+        return !type.isValid() || type.equals(m_value.constData(), other.m_value.constData());
+    // Numbers of different types, for example. Others Qt would register.
+    return MetaType::registered(type).isValid() && MetaType::registered(otherType).isValid()
+        && m_value == other.m_value;
+}
 
 bool SMetaVariant::isNull() const
 {

@@ -29,10 +29,7 @@ public:
     /// @}
 
     /// Compares the variants, not the classes.
-    [[nodiscard]] bool operator==(const SMetaVariant &other) const
-    {
-        return m_value == other.m_value;
-    }
+    [[nodiscard]] bool operator==(const SMetaVariant &other) const;
 
     [[nodiscard]] bool isNull() const override;
     /// Whether the value is null or the variant is invalid.

@@ -1,0 +1,81 @@
+#include <tavex/core/lasting_p.h>
+#include <tavex/core/listtype_p.h>
+
+#include <mutex>
+#include <vector>
+
+namespace Quorvex::MetaType {
+namespace {
+
+using Description = QtPrivate::QMetaTypeInterface;
+
+/// Gives \a type what only the library can do.
+void setFunctions(Description &type, const Description &from)
+{
+    type.equals = from.equals;
+    type.lessThan = from.lessThan;
+    type.debugStream = from.debugStream;
+    type.dataStreamOut = from.dataStreamOut;
+    type.dataStreamIn = from.dataStreamIn;
+    type.legacyRegisterOp = from.legacyRegisterOp;
+}
+
+/// The descriptions that were made.
+class Descriptions
+{
+public:
+    Q_DISABLE_COPY_MOVE(Descriptions)
+
+    Descriptions() = default;
+
+    ~Descriptions()
+    {
+        for (Description *const type : m_types)
+            release(type);
+    }
+
+    QMetaType add(const Description &own)
+    {
+        const std::scoped_lock lock(m_mutex);
+        // Not that of this library's copy of QByteArray.
+        const Description &bytes = *QMetaType(QMetaType::QByteArray).iface();
+        const Description *const known = QMetaType::fromName(own.name).iface();
+        if (known && known->copyCtr == bytes.copyCtr && !known->equals) {
+            // It has been waiting since the library was unloaded.
+            m_types.push_back(const_cast<Description *>(known));
+            setFunctions(*m_types.back(), own);
+            own.legacyRegisterOp(); // Qt calls it only when it numbers the type.
+        } else {
+            m_types.push_back(new Description{own.revision, own.alignment, own.size, own.flags, 0,
+                nullptr, qstrdup(own.name), bytes.defaultCtr, bytes.copyCtr, bytes.moveCtr,
+                bytes.dtor, own.equals, own.lessThan, own.debugStream, own.dataStreamOut,
+                own.dataStreamIn, own.legacyRegisterOp});
+        }
+        return QMetaType(m_types.back());
+    }
+
+private:
+    static void release(Description *type)
+    {
+        const int number = type->typeId.loadRelaxed();
+        if (QMetaType::isRegistered(number) && QMetaType(number).iface() == type) {
+            setFunctions(*type, Description{});
+            return;
+        }
+        delete[] type->name;
+        delete type;
+    }
+
+    std::mutex m_mutex;
+    std::vector<Description *> m_types;
+};
+
+} // namespace
+
+QMetaType outliving(QMetaType own)
+{
+    static constinit Lasting<Descriptions> descriptions;
+    return descriptions.get().add(*own.iface());
+}
+
+} // namespace Quorvex::MetaType
