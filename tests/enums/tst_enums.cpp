@@ -1,5 +1,8 @@
 #include "common.h"
 
+#include <atomic>
+#include <functional>
+
 namespace {
 
 using enum EnumTranslationOptions;

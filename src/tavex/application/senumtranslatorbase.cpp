@@ -156,7 +156,7 @@ struct SEnumTranslatorBase::Private
 
     /// Calls \a function with the words of now and their context.
     template <typename Function>
-    auto lookUp(const SEnumTranslatorBase &translator, Function function) const
+    [[nodiscard]] auto lookUp(const SEnumTranslatorBase &translator, Function function) const
     {
         translator.loadFirst(FirstLoad::Now);
         QByteArray own;
