@@ -56,7 +56,7 @@ private:
 };
 
 /// Of all translators. No other lock is taken under it, and no code of an application called.
-constinit WordsLock wordsLock;
+constinit Lasting<WordsLock> wordsLock;
 
 /// The same as QString::toLatin1(), without an allocation for texts as short as keys are.
 class Latin1
@@ -156,14 +156,14 @@ struct SEnumTranslatorBase::Private
 
     /// Calls \a function with the words of now and their context.
     template <typename Function>
-    auto lookUp(const SEnumTranslatorBase &translator, Function function) const
+    [[nodiscard]] auto lookUp(const SEnumTranslatorBase &translator, Function function) const
     {
         translator.loadFirst(FirstLoad::Now);
         QByteArray own;
         if (state == NotRegistered)
             own = translator.name().toLatin1();
         const char *const source = own.isNull() ? context.constData() : own.constData();
-        const std::shared_lock lock(wordsLock);
+        const std::shared_lock lock(wordsLock.get());
         return function(isLoader() ? *draft : words, source);
     }
 
@@ -173,19 +173,19 @@ struct SEnumTranslatorBase::Private
     bool change(const SEnumTranslatorBase &translator, Function function)
     {
         const auto isBeingLoaded = [this] {
-            const std::shared_lock lock(wordsLock);
+            const std::shared_lock lock(wordsLock.get());
             return draft.has_value();
         };
         if (!isBeingLoaded())
             translator.loadFirst(FirstLoad::Now);
-        const std::scoped_lock lock(wordsLock);
+        const std::scoped_lock lock(wordsLock.get());
         const bool result = draft && function(*draft);
         return isLoader() ? result : function(words);
     }
 
     void beginLoad()
     {
-        const std::scoped_lock lock(wordsLock);
+        const std::scoped_lock lock(wordsLock.get());
         draft = words;
         loader = std::this_thread::get_id();
     }
@@ -194,7 +194,7 @@ struct SEnumTranslatorBase::Private
     {
         Words old;
         {
-            const std::scoped_lock lock(wordsLock);
+            const std::scoped_lock lock(wordsLock.get());
             old = std::exchange(words, std::move(*draft));
             draft.reset();
         }
@@ -266,7 +266,7 @@ bool SEnumTranslatorBase::_load(const QString &name, const QLocale &locale, cons
         loaded.english = loadCatalogue(name, english, folder);
     const bool isComplete = loaded.language && (isEnglish || loaded.english);
     {
-        const std::scoped_lock change(wordsLock);
+        const std::scoped_lock change(wordsLock.get());
         Words &words = d->draft ? *d->draft : d->words;
         if (isEnglish)
             loaded.english = words.english;

@@ -1,18 +1,35 @@
 #include <tavex/core/lasting_p.h>
 
+#include <thread>
 #include <utility>
 
 namespace Quorvex {
 namespace {
 
-constinit std::mutex mutex;
 constinit LastingBase *latest = nullptr;
+
+/// One thread's turn to touch the list. A std::mutex is not made by the compiler everywhere, and
+/// may thus not be there when the first object is.
+class Turn
+{
+public:
+    Q_DISABLE_COPY_MOVE(Turn)
+    Turn() noexcept
+    {
+        while (s_isTaken.test_and_set(std::memory_order_acquire))
+            std::this_thread::yield();
+    }
+    ~Turn() { s_isTaken.clear(std::memory_order_release); }
+
+private:
+    static inline constinit std::atomic_flag s_isTaken;
+};
 
 } // namespace
 
 void *LastingBase::keep(void *made)
 {
-    const std::scoped_lock lock(mutex);
+    const Turn turn;
     if (void *const existing = object())
         return existing;
     m_earlier = std::exchange(latest, this);
@@ -23,10 +40,10 @@ void *LastingBase::keep(void *made)
 void LastingBase::destroyAll()
 {
     const auto takeLatest = [] {
-        const std::scoped_lock lock(mutex);
+        const Turn turn;
         return latest ? std::exchange(latest, latest->m_earlier) : nullptr;
     };
-    // Not under the lock: a destructor may use, or make, what it needs.
+    // In nobody's turn: a destructor may use, or make, what it needs.
     while (LastingBase *const last = takeLatest())
         last->m_destroy(last->m_object.exchange(nullptr, std::memory_order_acq_rel));
 }
