@@ -22,8 +22,7 @@ uint oracle(QByteArrayView data, uint polynomial, uint crc = 0xFFFFFFFF)
 QByteArray randomBytes(QRandomGenerator &random, qsizetype size)
 {
     QByteArray bytes(size, Qt::Uninitialized);
-    for (char &byte : bytes)
-        byte = char(random.bounded(256));
+    std::generate(bytes.begin(), bytes.end(), [&] { return char(random.bounded(256)); });
     return bytes;
 }
 
@@ -33,8 +32,7 @@ struct SlowDevice : QIODevice
     [[nodiscard]] bool isSequential() const override { return true; }
     bool waitForReadyRead(int) override
     {
-        ready = pieces.isEmpty() ? QByteArray() : pieces.takeFirst();
-        return !ready.isEmpty();
+        return !(ready = pieces.isEmpty() ? QByteArray() : pieces.takeFirst()).isEmpty();
     }
     qint64 readData(char *data, qint64) override
     {
@@ -71,13 +69,11 @@ class TestSCrc32 : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    // CRC-32/MPEG-2 of the catalogue of parametrised CRC algorithms (Greg Cook), and the complement
-    // of its CRC-32/BZIP2, which differs in the final XOR only.
+    // CRC-32/MPEG-2 of the catalogue of parametrised CRC algorithms (Greg Cook).
     void publishedVectors()
     {
         const QByteArray digits("123456789");
         QVERIFY(SCrc32::hash(digits) == 0x0376E6E7);
-        QVERIFY(~SCrc32::hash(digits) == 0xFC891918);
         SCrc32 crc;
         crc.update(digits);
         QVERIFY(crc == 0x0376E6E7 && crc == 0x0376E6E7L && crc != (quint64(1) << 32 | 0x0376E6E7));
