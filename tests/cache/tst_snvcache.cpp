@@ -316,7 +316,7 @@ private Q_SLOTS:
             for (const QByteArray &file : files)
                 QVERIFY((QFile::remove(QFile::decodeName(file)), make(file) == 0));
             SNvCache cache = open();
-            QVERIFY(cache.isEmpty() && cache.value(Key).isNull() && !cache.value(Key, &accepts));
+            QVERIFY(cache.isEmpty() && cache.value(Key).isEmpty() && !cache.value(Key, &accepts));
             QVERIFY(!cache.value(Key, &target) && cache.insert(Key, "v"));
             QCOMPARE(cache.value(Key), QByteArray("v"));
         };
