@@ -138,6 +138,7 @@ private:
         std::atomic<int> failures = 0;
         {
             std::vector<std::jthread> threads;
+            threads.reserve(100);
             for (int i = 0; i < 100; ++i) {
                 threads.emplace_back([&, i] {
                     SNvCache cache = open();
