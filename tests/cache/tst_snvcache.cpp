@@ -138,6 +138,7 @@ private:
         std::atomic<int> failures = 0;
         {
             std::vector<std::jthread> threads;
+            threads.reserve(100);
             for (int i = 0; i < 100; ++i) {
                 threads.emplace_back([&, i] {
                     SNvCache cache = open();
@@ -316,7 +317,7 @@ private Q_SLOTS:
             for (const QByteArray &file : files)
                 QVERIFY((QFile::remove(QFile::decodeName(file)), make(file) == 0));
             SNvCache cache = open();
-            QVERIFY(cache.isEmpty() && cache.value(Key).isNull() && !cache.value(Key, &accepts));
+            QVERIFY(cache.isEmpty() && cache.value(Key).isEmpty() && !cache.value(Key, &accepts));
             QVERIFY(!cache.value(Key, &target) && cache.insert(Key, "v"));
             QCOMPARE(cache.value(Key), QByteArray("v"));
         };
