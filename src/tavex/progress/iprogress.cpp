@@ -306,11 +306,12 @@ void IProgress::Change::work()
                         follow(pool);
                     break;
                 }
-                // The children before the one that the pool is aborting are so already.
-                const Step *const below = m_steps.size() > 1 ? &step - 1 : nullptr;
-                const bool isFromPool =
+                // If the pool is aborting this child, it goes on with the others from here.
+                Step *const below = m_steps.size() > 1 ? &step - 1 : nullptr;
+                const bool isByPool =
                     below && below->kind == AbortChildren && below->reporter == pool;
-                push(AbortChildren, pool, 0, isFromPool ? below->index : 0);
+                const std::size_t count = pool->m_lock->children.size();
+                push(AbortChildren, pool, 0, isByPool ? std::exchange(below->index, count) : 0);
             } else if (m_steps.size() == 1) {
                 return;
             } else {
