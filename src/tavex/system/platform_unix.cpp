@@ -221,27 +221,29 @@ void removeAbandonedFile(int folder, const char *name)
     } else {
         unlinkat(folder, name, 0);
     }
-    /// Removes what can be removed from the folder that \a file is open on, and closes it. Nobody
-    /// leads this elsewhere by putting a link in the place of a folder meanwhile: names count from
-    /// the open folder, and the last one is not followed.
-    void emptyFolder(int file)
-    {
-        DIR *const folder = fdopendir(file);
-        if (!folder) {
-            if (file >= 0)
-                close(file);
-            return;
-        }
-        while (const dirent *const entry = readdir(folder)) {
-            const char *const name = entry->d_name;
-            if (std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0
-                || unlinkat(file, name, 0) == 0)
-                continue;
-            emptyFolder(openat(file, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-            unlinkat(file, name, AT_REMOVEDIR);
-        }
-        closedir(folder);
+}
+
+/// Removes what can be removed from the folder that \a file is open on, and closes it. Nobody
+/// leads this elsewhere by putting a link in the place of a folder meanwhile: names count from
+/// the open folder, and the last one is not followed.
+void emptyFolder(int file)
+{
+    DIR *const folder = fdopendir(file);
+    if (!folder) {
+        if (file >= 0)
+            close(file);
+        return;
     }
+    while (const dirent *const entry = readdir(folder)) {
+        const char *const name = entry->d_name;
+        if (std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0
+            || unlinkat(file, name, 0) == 0)
+            continue;
+        emptyFolder(openat(file, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+        unlinkat(file, name, AT_REMOVEDIR);
+    }
+    closedir(folder);
+}
 
 } // namespace
 
