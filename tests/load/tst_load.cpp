@@ -63,7 +63,7 @@ template <typename T>
 bool isKept()
 {
     const QList<T> list{1, 2};
-    const auto variant = QVariant::fromValue(list);
+    const QVariant variant = QVariant::fromValue(list);
     const QMetaType known(variant.userType());
     return qstrcmp(known.name(), QMetaType::fromType<QList<T>>().name()) == 0
         && variant.value<QList<T>>() == list
@@ -74,9 +74,9 @@ bool isKept()
 template <typename T>
 bool isWhole()
 {
-    const auto list = QVariant::fromValue(QList<T>{1, 2});
-    const auto map = QVariant::fromValue(QMap<T, QString>{{1, {}}});
-    const auto pair = QVariant::fromValue(std::pair<T, QString>(1, {}));
+    const QVariant list = QVariant::fromValue(QList<T>{1, 2});
+    const QVariant map = QVariant::fromValue(QMap<T, QString>{{1, {}}});
+    const QVariant pair = QVariant::fromValue(std::pair<T, QString>(1, {}));
     return isKept<T>() && list.toList() == QVariantList{T(1), T(2)}
     && list.value<QSequentialIterable>().size() == 2 && map.toMap().size() == 1
         && map.value<QAssociativeIterable>().size() == 1

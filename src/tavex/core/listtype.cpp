@@ -4,6 +4,10 @@
 #include <mutex>
 #include <vector>
 
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/lsan_interface.h>
+#endif
+
 namespace Quorvex::MetaType {
 namespace {
 
@@ -60,6 +64,9 @@ private:
         const int number = type->typeId.loadRelaxed();
         if (QMetaType::isRegistered(number) && QMetaType(number).iface() == type) {
             setFunctions(*type, Description{});
+#ifdef __SANITIZE_ADDRESS__
+            __lsan_ignore_object(type); // Nobody can tell when the program has no more use for it.
+#endif
             return;
         }
         delete[] type->name;
