@@ -147,9 +147,11 @@ struct SEnumTranslatorBase::Private
     QString name;
     QByteArray context;
 
+    bool isLoading = false; ///< Under loadLock().
+
     // Under wordsLock.
     Words words;
-    std::optional<Words> draft; ///< What is being loaded; set and reset under loadLock(), too.
+    std::optional<Words> draft; ///< What a runtime loader adds to; made under loadLock(), too.
     std::thread::id loader;
 
     [[nodiscard]] bool isLoader() const { return draft && loader == std::this_thread::get_id(); }
@@ -192,11 +194,13 @@ struct SEnumTranslatorBase::Private
 
     void endLoad()
     {
-        Words old;
-        {
+        isLoading = false;
+        if (draft) {
+            Words finished; // Those of before are destroyed without the lock.
             const std::scoped_lock lock(wordsLock.get());
-            old = std::exchange(words, std::move(*draft));
+            finished = std::move(*draft);
             draft.reset();
+            std::swap(words, finished);
         }
         State before = NotLoaded;
         state.compare_exchange_strong(before, Ready);
@@ -230,7 +234,7 @@ void SEnumTranslatorBase::loadFirst(FirstLoad load) const
         lock.lock();
     else if (!lock.try_lock())
         return;
-    if (d->state == Private::NotLoaded && !d->draft) {
+    if (d->state == Private::NotLoaded && !d->isLoading) {
         const_cast<SEnumTranslatorBase *>(this)->load(
             QLocale(), TavexApplication::catalogueFolder());
     }
@@ -240,17 +244,18 @@ bool SEnumTranslatorBase::load(const QLocale &locale, const QString &folder)
 {
     const std::scoped_lock lock(loadLock());
     // A loader that loads again, does so in place of what is there so far.
-    const bool isOutermost = !d->draft;
-    if (isOutermost)
-        d->beginLoad();
+    const bool isOutermost = !std::exchange(d->isLoading, true);
     const auto end = qScopeGuard([&] {
         if (isOutermost)
             d->endLoad();
     });
     // While it is destroyed, which waits for the lock, it has no name of its own any more.
     const QString ownName = d->state == Private::NotRegistered ? name() : d->name;
+    const auto loader = SEnumRuntimeLoader::loader(ownName);
+    if (loader && !d->draft)
+        d->beginLoad();
     const bool loaded = _load(ownName, locale, folder);
-    if (const auto loader = SEnumRuntimeLoader::loader(ownName))
+    if (loader)
         loader->load(this);
     return loaded;
 }
