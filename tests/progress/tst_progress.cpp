@@ -314,11 +314,13 @@ private Q_SLOTS:
                  Call([](auto *pool, auto *) { pool->at(1)->setProgress(90); }),
                  Call([](auto *pool, auto *) { pool->abort(); }),
                  Call([](auto *pool, auto *) { pool->at(1)->abort(); }),
+                 Call([](auto *pool, auto *) { pool->reset(); }),
                  Call([](auto *, auto *peer) { peer->setProgress(70), peer->abort(); })}) {
             SProgress before;
             SProgress peer;
             SProgress after;
             const QPointer pool = new SProgressPool(3);
+            pool->setProgress(5);
             for (IProgress *const other :
                 {static_cast<IProgress *>(&before), static_cast<IProgress *>(pool.data()),
                     static_cast<IProgress *>(pool->at(2)), static_cast<IProgress *>(&after)})

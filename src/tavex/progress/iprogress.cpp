@@ -51,6 +51,15 @@ public:
         return change;
     }
 
+    /// Calls \a function. Whether \a reporter is still there then.
+    template <typename Function>
+    [[nodiscard]] static bool isLeft(IProgress *reporter, Function function)
+    {
+        const Change watch(reporter, 0);
+        function();
+        return watch.m_origin;
+    }
+
     /// Ends the part of \a reporter in the changes of the thread.
     static void forget(IProgress *reporter);
 
@@ -433,8 +442,8 @@ IProgress::~IProgress()
 
 void IProgress::reset()
 {
-    setProgress(0);
-    m_isAborted = 0;
+    if (Change::isLeft(this, [this] { setProgress(0); }))
+        m_isAborted = 0;
 }
 
 void IProgress::abort()
