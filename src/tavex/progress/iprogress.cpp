@@ -94,6 +94,7 @@ private:
         QSet<IProgress *>::const_iterator next;
         std::size_t asked; ///< The call that it is the first step of, or 0.
     };
+
     Change(IProgress *origin, int value)
         : m_outer(std::exchange(here.change, this))
         , m_origin(origin)
