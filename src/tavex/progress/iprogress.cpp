@@ -55,7 +55,7 @@ public:
     template <typename Function>
     [[nodiscard]] static bool isLeft(IProgress *reporter, Function function)
     {
-        const Change watch(reporter, 0);
+        Change watch(reporter, 0);
         function();
         return watch.m_origin;
     }
@@ -614,7 +614,7 @@ void IProgress::store(int value)
     const bool isChild = pool();
     if (isChild)
         m_lock->sum += value - before;
-    if (isChild || !m_progressPeers.isEmpty())
+    if (Change::here.change && (isChild || !m_progressPeers.isEmpty()))
         Change::here.state ^= quint64(qHashMulti(0, this, before) ^ qHashMulti(0, this, value));
 }
 
