@@ -18,14 +18,12 @@ class IProgress::Change
 public:
     Q_DISABLE_COPY_MOVE(Change)
 
-    enum Kind {
-        Announce,      ///< First to the pool; nothing if the progress is \c value, as before.
-        PassOn,        ///< To the peers.
-        Set,           ///< Itself.
-        SetChildren,   ///< In order.
-        AnnounceAbort, ///< First to the pool.
-        PassAbort,     ///< To the peers.
-        AbortChildren, ///< Then the pool.
+    enum Kind { SetProgress, Abort };
+    enum Task {
+        Announce,     ///< First to the pool; not a progress that is \c value, as before.
+        CallPeers,    ///< Those that are not there yet.
+        CallChildren, ///< In order. A pool is aborted after them.
+        CallItself,
         Done
     };
 
@@ -53,13 +51,22 @@ public:
         return change;
     }
 
+    /// Calls \a function. Whether \a reporter is still there then.
+    template <typename Function>
+    [[nodiscard]] static bool isLeft(IProgress *reporter, Function function)
+    {
+        Change watch(reporter, 0);
+        function();
+        return watch.m_origin;
+    }
+
     /// Ends the part of \a reporter in the changes of the thread.
     static void forget(IProgress *reporter);
 
     /// Emits a signal, with the lock or without.
     static void tell(IProgress *reporter, const IProgress *pool, Kind kind, int progress);
 
-    void push(Kind kind, IProgress *reporter, int value = 0, std::size_t index = 0);
+    void push(Task task, Kind kind, IProgress *reporter, int value = 0, std::size_t index = 0);
     void setProgress(IProgress *reporter, int value, int before);
     void setAborted(IProgress *reporter);
     void follow(IProgress *pool);
@@ -77,6 +84,7 @@ private:
     /// Has the lock of its reporter.
     struct Step
     {
+        Task task;
         Kind kind;
         IProgress *reporter; ///< Null if it was deleted.
         int value;
@@ -86,6 +94,7 @@ private:
         QSet<IProgress *>::const_iterator next;
         std::size_t asked; ///< The call that it is the first step of, or 0.
     };
+
     Change(IProgress *origin, int value)
         : m_outer(std::exchange(here.change, this))
         , m_origin(origin)
@@ -98,14 +107,10 @@ private:
     void run();
     void work();
     void pop();
-    template <typename Function>
-    void call(IProgress *reporter, Function function);
-    template <typename IsWanted>
-    static IProgress *nextPeer(Step *step, const QSet<IProgress *> &peers, IsWanted isWanted);
-    template <typename IsWanted>
-    static IProgress *nextChild(Step *step, IsWanted isWanted);
-
-    void ask(IProgress *peer, int value);
+    void announce();
+    static IProgress *next(Step *step);
+    void call(const Step &step, IProgress *reporter);
+    void ask(const Step &step, IProgress *peer);
     [[nodiscard]] bool isStuck(const IProgress *reporter) const;
     [[nodiscard]] bool isApart() const;
     void setAll();
@@ -117,6 +122,7 @@ private:
     QVarLengthArray<Step, 4> m_steps;
     QSet<IProgress *> m_changed;    ///< Those with peers; it has their locks.
     QSet<const IProgress *> m_deaf; ///< Peers that did nothing when they were called.
+    bool m_isEndless = false;       ///< Whether plain calls would be.
     bool m_isSettingAll = false;
     QSet<std::size_t> m_asked; ///< The calls of peers that are under way.
     qsizetype m_calls = 0;
@@ -158,7 +164,7 @@ void IProgress::Change::tell(IProgress *reporter, const IProgress *pool, Kind ki
         return;
     if (pool)
         here.answered = pool;
-    if (kind == Announce)
+    if (kind == SetProgress)
         announcer->progress(reporter, progress);
     else
         announcer->aborting(reporter);
@@ -166,11 +172,12 @@ void IProgress::Change::tell(IProgress *reporter, const IProgress *pool, Kind ki
         here.answered = nullptr;
 }
 
-void IProgress::Change::push(Kind kind, IProgress *reporter, int value, std::size_t index)
+void IProgress::Change::push(
+    Task task, Kind kind, IProgress *reporter, int value, std::size_t index)
 {
-    Step step{kind, reporter, value, index, false, {}, {}, 0};
-    if (kind == PassOn || kind == PassAbort)
-        step.peers = kind == PassOn ? reporter->m_progressPeers : reporter->m_abortPeers;
+    Step step{task, kind, reporter, value, index, false, {}, {}, 0};
+    if (task == CallPeers)
+        step.peers = kind == SetProgress ? reporter->m_progressPeers : reporter->m_abortPeers;
     step.next = step.peers.cbegin();
     reporter->m_lock->lock();
     m_steps.append(std::move(step));
@@ -189,7 +196,7 @@ void IProgress::Change::pop()
 /// Goes on from \a reporter, which was \a before.
 void IProgress::Change::setProgress(IProgress *reporter, int value, int before)
 {
-    push(Announce, reporter, before);
+    push(Announce, SetProgress, reporter, before);
     if (reporter->m_progressPeers.isEmpty())
         return;
     if (reporter->m_progress != before && !m_changed.contains(reporter)) {
@@ -197,15 +204,15 @@ void IProgress::Change::setProgress(IProgress *reporter, int value, int before)
         m_changed.insert(reporter);
     }
     if (!m_isSettingAll)
-        push(PassOn, reporter, value);
+        push(CallPeers, SetProgress, reporter, value);
 }
 
 void IProgress::Change::setAborted(IProgress *reporter)
 {
     if (reporter->m_isAborted.exchange(1) == 0)
-        push(AnnounceAbort, reporter);
+        push(Announce, Abort, reporter);
     if (!reporter->m_abortPeers.isEmpty())
-        push(PassAbort, reporter);
+        push(CallPeers, Abort, reporter);
 }
 
 void IProgress::Change::follow(IProgress *pool)
@@ -217,32 +224,12 @@ void IProgress::Change::follow(IProgress *pool)
     setProgress(pool, mean, -1);
 }
 
-/// Does all that there is to do. An origin that is no pool announces itself without the lock.
 void IProgress::Change::run()
 {
     for (work(); m_origin && !m_isSettingAll && isApart(); work())
         setAll();
-    if (m_steps.isEmpty())
-        return;
-    const Step &step = m_steps.last();
-    IProgress *const reporter = step.reporter;
-    if (!reporter || step.kind == Done) {
-        pop();
-        return;
-    }
-    const Kind kind = step.kind;
-    const IProgress *const pool = reporter->pool();
-    const int now = reporter->m_progress;
-    const bool isNew = kind == AnnounceAbort || now != step.value;
-    const bool isPool = reporter->m_lock->pool == reporter;
-    if (!isPool) {
-        pop();
-        leave();
-    }
-    if (isNew)
-        tell(reporter, pool, kind, now);
-    if (isPool)
-        pop();
+    if (!m_steps.isEmpty())
+        announce();
 }
 
 /// Until nothing is left but what the origin has to announce.
@@ -251,138 +238,135 @@ void IProgress::Change::work()
     while (!m_steps.isEmpty()) {
         Step &step = m_steps.last();
         IProgress *const reporter = step.reporter;
-        if (!reporter) {
+        if (!reporter || (step.task == Done && m_steps.size() > 1)) {
             pop();
             continue;
         }
-        switch (step.kind) {
-        case PassOn: {
-            IProgress *const peer = nextPeer(&step, reporter->m_progressPeers,
-                [reporter](const IProgress *p) { return p->progress() != reporter->progress(); });
-            if (peer)
-                ask(peer, step.value);
-            else
-                pop();
-            break;
-        }
-        case Set:
-            if (step.index++ || reporter->progress() == std::clamp(step.value, 0, 100))
-                pop();
-            else
-                call(reporter, [value = step.value](IProgress *p) { p->setProgress(value); });
-            break;
-        case SetChildren:
-            if (IProgress *const child = nextChild(&step, [](const IProgress *) { return true; }))
-                call(child, [value = step.value](IProgress *p) { p->setProgress(value); });
-            else
-                step.kind = Done;
-            break;
-        case PassAbort:
-        case AbortChildren: {
-            const auto isWanted = [](const IProgress *p) { return !p->isAborted(); };
-            IProgress *const next = step.kind == PassAbort
-                ? nextPeer(&step, reporter->m_abortPeers, isWanted)
-                : nextChild(&step, isWanted);
-            if (next) {
-                call(next, [](IProgress *p) { p->abort(); });
-            } else if (step.kind == PassAbort) {
-                pop();
-            } else {
-                step.kind = AnnounceAbort;
-                step.isAnswered = true;
-                reporter->m_isAborted = 1;
-                if (!reporter->m_abortPeers.isEmpty())
-                    push(PassAbort, reporter);
-            }
-            break;
-        }
+        switch (step.task) {
         case Announce:
-        case AnnounceAbort:
-            if (IProgress *const pool = reporter->pool(); !std::exchange(step.isAnswered, true)) {
-                if (!pool)
-                    break;
-                if (step.kind == Announce) {
-                    if (reporter->m_progress != step.value)
-                        follow(pool);
-                    break;
-                }
+            if (IProgress *const pool = reporter->pool(); std::exchange(step.isAnswered, true)) {
+                if (m_steps.size() == 1)
+                    return;
+                announce();
+            } else if (pool && step.kind == Abort) {
                 // If the pool is aborting this child, it goes on with the others from here.
                 Step *const below = m_steps.size() > 1 ? &step - 1 : nullptr;
                 const bool isByPool =
-                    below && below->kind == AbortChildren && below->reporter == pool;
-                const std::size_t count = pool->m_lock->children.size();
-                push(AbortChildren, pool, 0, isByPool ? std::exchange(below->index, count) : 0);
-            } else if (m_steps.size() == 1) {
-                return;
-            } else {
-                const int now = reporter->m_progress;
-                const bool isNew = step.kind == AnnounceAbort || now != step.value;
-                const Kind kind = std::exchange(step.kind, Done);
-                if (isNew)
-                    tell(reporter, pool, kind, now);
+                    below && below->task == CallChildren && below->reporter == pool;
+                const std::size_t all = pool->m_lock->children.size();
+                push(CallChildren, Abort, pool, 0, isByPool ? std::exchange(below->index, all) : 0);
+            } else if (pool && reporter->m_progress != step.value) {
+                follow(pool);
             }
             break;
+        case CallPeers:
+            if (IProgress *const peer = next(&step); !peer)
+                pop();
+            else if (step.kind == SetProgress)
+                ask(step, peer);
+            else
+                call(step, peer);
+            break;
+        case CallChildren:
+            if (IProgress *const child = next(&step)) {
+                call(step, child);
+            } else if (step.kind == SetProgress) {
+                step.task = Done;
+            } else {
+                step.task = Announce;
+                step.isAnswered = true;
+                reporter->m_isAborted = 1;
+                if (!reporter->m_abortPeers.isEmpty())
+                    push(CallPeers, Abort, reporter);
+            }
+            break;
+        case CallItself:
+            step.task = Done;
+            call(step, reporter);
+            break;
         case Done:
-            if (m_steps.size() == 1)
-                return;
-            pop();
+            return;
         }
     }
 }
 
-template <typename Function>
-void IProgress::Change::call(IProgress *reporter, Function function)
+/// Announces the last step, which is done then. An origin that is no pool does not keep the lock.
+void IProgress::Change::announce()
+{
+    Step &step = m_steps.last();
+    IProgress *const reporter = step.reporter;
+    const Kind kind = step.kind;
+    const IProgress *const pool = reporter->pool();
+    const int now = reporter->m_progress;
+    const bool isNew = step.task == Announce && (kind == Abort || now != step.value);
+    const bool isLocked = m_steps.size() > 1 || reporter->m_lock->pool == reporter;
+    step.task = Done;
+    if (!isLocked) {
+        pop();
+        leave();
+    }
+    if (isNew)
+        tell(reporter, pool, kind, now);
+    if (isLocked)
+        pop();
+}
+
+/// Whom \a step has to call next; slots may have unlinked or deleted some.
+IProgress *IProgress::Change::next(Step *step)
+{
+    const IProgress &from = *step->reporter;
+    if (step->task == CallPeers) {
+        const QSet<IProgress *> &peers =
+            step->kind == SetProgress ? from.m_progressPeers : from.m_abortPeers;
+        while (step->next != step->peers.cend()) {
+            IProgress *const peer = *step->next++;
+            if (peers.contains(peer)
+                && (step->kind == Abort ? !peer->isAborted() : peer->progress() != from.progress()))
+                return peer;
+        }
+        return nullptr;
+    }
+    const std::vector<IProgress *> &children = from.m_lock->children;
+    while (step->index < children.size()) {
+        IProgress *const child = children[step->index++];
+        if (child && (step->kind == SetProgress || !child->isAborted()))
+            return child;
+    }
+    return nullptr;
+}
+
+void IProgress::Change::call(const Step &step, IProgress *reporter)
 {
     m_called = reporter;
-    function(reporter);
+    if (step.kind == SetProgress)
+        reporter->setProgress(step.value);
+    else
+        reporter->abort();
     if (std::exchange(m_called, nullptr))
         m_deaf.insert(reporter);
 }
 
 /// Sets a peer, unless that is under way already and all is as it was then: it would be asked
-/// without end. Without any, passing on ends, as there are no more than so many states; but those
-/// of a large group are many.
-void IProgress::Change::ask(IProgress *peer, int value)
+/// without end. Else that ends, as there are no more than so many states; but those of a large
+/// group are many.
+void IProgress::Change::ask(const Step &step, IProgress *peer)
 {
     constexpr qsizetype patience = 1000;
-    const std::size_t asked = qHashMulti(1, peer, value, here.state);
-    if (m_asked.contains(asked))
+    const std::size_t asked = qHashMulti(1, peer, step.value, here.state);
+    if (m_asked.contains(asked)) {
+        m_isEndless = true;
         return;
+    }
     if (++m_calls > patience * (m_changed.size() + 10)) {
         setAll();
         return;
     }
     const qsizetype first = m_steps.size();
-    call(peer, [value](IProgress *p) { p->setProgress(value); });
+    call(step, peer);
     if (m_steps.size() > first) {
         m_steps[first].asked = asked;
         m_asked.insert(asked);
     }
-}
-
-/// The next of \a step's peers; slots may have unlinked or deleted some.
-template <typename IsWanted>
-IProgress *IProgress::Change::nextPeer(
-    Step *step, const QSet<IProgress *> &peers, IsWanted isWanted)
-{
-    while (step->next != step->peers.cend()) {
-        IProgress *const peer = *step->next++;
-        if (peers.contains(peer) && isWanted(peer))
-            return peer;
-    }
-    return nullptr;
-}
-
-template <typename IsWanted>
-IProgress *IProgress::Change::nextChild(Step *step, IsWanted isWanted)
-{
-    const std::vector<IProgress *> &children = step->reporter->m_lock->children;
-    while (step->index < children.size()) {
-        IProgress *const child = children[step->index++];
-        if (child && isWanted(child))
-            return child;
-    }
-    return nullptr;
 }
 
 /// Whether it does not get where others are.
@@ -393,15 +377,20 @@ bool IProgress::Change::isStuck(const IProgress *reporter) const
         || (lock.pool == reporter && (lock.children.empty() || lock.living < lock.children.size()));
 }
 
+/// Whether peers differ that could agree. With one that is stuck, plain calls may end like that
+/// themselves, and what they give stays.
 bool IProgress::Change::isApart() const
 {
-    return std::any_of(m_changed.cbegin(), m_changed.cend(), [this](const IProgress *changed) {
-        const auto isApart = [this, changed](const IProgress *peer) {
-            return peer->progress() != changed->progress() && !isStuck(peer);
-        };
-        const QSet<IProgress *> &peers = changed->m_progressPeers;
-        return !isStuck(changed) && std::any_of(peers.cbegin(), peers.cend(), isApart);
-    });
+    bool isApart = false;
+    for (const IProgress *const changed : m_changed) {
+        for (const IProgress *const peer : changed->m_progressPeers) {
+            if (!isStuck(changed) && !isStuck(peer))
+                isApart = isApart || changed->progress() != peer->progress();
+            else if (!m_isEndless)
+                return false;
+        }
+    }
+    return isApart;
 }
 
 /// Stops passing on, and sets what it could reach.
@@ -409,8 +398,8 @@ void IProgress::Change::setAll()
 {
     m_isSettingAll = true;
     for (Step &step : m_steps) {
-        if (step.kind == PassOn || step.kind == SetChildren)
-            step.kind = Done;
+        if (step.task != Announce)
+            step.task = Done;
     }
     if (!m_origin)
         return;
@@ -433,7 +422,7 @@ void IProgress::Change::setAll()
             reach(lock.pool);
     }
     for (IProgress *const reporter : reached)
-        push(Set, reporter, m_value);
+        push(CallItself, SetProgress, reporter, m_value);
 }
 
 IProgress::IProgress()
@@ -454,8 +443,8 @@ IProgress::~IProgress()
 
 void IProgress::reset()
 {
-    setProgress(0);
-    m_isAborted = 0;
+    if (Change::isLeft(this, [this] { setProgress(0); }))
+        m_isAborted = 0;
 }
 
 void IProgress::abort()
@@ -471,7 +460,7 @@ void IProgress::abort()
     const bool wasAborted = m_isAborted.exchange(1) != 0;
     lock.unlock();
     if (!wasAborted)
-        Change::tell(this, nullptr, Change::AnnounceAbort, 0);
+        Change::tell(this, nullptr, Change::Abort, 0);
 }
 
 bool IProgress::isAborted() const
@@ -500,7 +489,7 @@ void IProgress::setProgress(int value)
         Change::calling(this);
     lock.unlock();
     if (now != before)
-        Change::tell(this, pool, Change::Announce, now);
+        Change::tell(this, pool, Change::SetProgress, now);
 }
 
 bool IProgress::link(IProgress *a, IProgress *b, Peers peers)
@@ -578,14 +567,15 @@ void IProgress::join(const IProgress &pool)
 
 void IProgress::setChildren(int value)
 {
-    Change::start(this, value, std::unique_lock(*m_lock),
-        [=, this](Change &change) { change.push(Change::SetChildren, this, value); });
+    Change::start(this, value, std::unique_lock(*m_lock), [=, this](Change &change) {
+        change.push(Change::CallChildren, Change::SetProgress, this, value);
+    });
 }
 
 void IProgress::abortChildren()
 {
     Change::start(this, 0, std::unique_lock(*m_lock),
-        [this](Change &change) { change.push(Change::AbortChildren, this); });
+        [this](Change &change) { change.push(Change::CallChildren, Change::Abort, this); });
 }
 
 void IProgress::followChildren()
@@ -624,7 +614,7 @@ void IProgress::store(int value)
     const bool isChild = pool();
     if (isChild)
         m_lock->sum += value - before;
-    if (isChild || !m_progressPeers.isEmpty())
+    if (Change::here.change && (isChild || !m_progressPeers.isEmpty()))
         Change::here.state ^= quint64(qHashMulti(0, this, before) ^ qHashMulti(0, this, value));
 }
 

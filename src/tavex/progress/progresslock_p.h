@@ -15,9 +15,8 @@ namespace Quorvex::Interfaces {
 /// them all. So a change can pass through a group from any end without threads that wait for each
 /// other, and what it passes through stays alive, because destructors take the lock to unlink.
 ///
-/// The groups are the connected parts of the graph at any time: the last link between two parts is
-/// cut, and each is a group of its own. A thread that has a group keeps what it has taken of it
-/// through both.
+/// Groups are what links connect at any time: they become one with the first link between them, and
+/// two again without the last. A thread goes on to have what it has taken.
 class IProgress::Lock
 {
 public:
