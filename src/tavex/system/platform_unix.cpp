@@ -85,13 +85,6 @@ private:
     int m_number;
 };
 
-/// Tells by the lock on \a file whether somebody holds it. Where a file system has no locks, every
-/// file seems held.
-bool lock(int file)
-{
-    return flock(file, LOCK_EX | LOCK_NB) == 0;
-}
-
 bool isDirectory(const QString &path)
 {
     struct stat status;
@@ -170,18 +163,11 @@ QString makeNamed(const QString &directory, const Make &make)
     return {};
 }
 
-void removeAbandonedFile(int folder, const char *name)
+/// Tells by the lock on \a file whether somebody holds it. Where a file system has no locks, every
+/// file seems held.
+bool lock(int file)
 {
-    struct stat status;
-    if (fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0 || S_ISDIR(status.st_mode))
-        return;
-    if (S_ISREG(status.st_mode)) {
-        const Descriptor file(folder, name, O_RDWR | O_NOFOLLOW | O_NONBLOCK);
-        if (file >= 0 && lock(file))
-            unlinkat(folder, name, 0);
-    } else {
-        unlinkat(folder, name, 0);
-    }
+    return flock(file, LOCK_EX | LOCK_NB) == 0;
 }
 
 } // namespace
@@ -236,6 +222,29 @@ bool linkDirectory(const QString &link, const QString &folder)
     return QFile::link(QFileInfo(folder).absoluteFilePath(), link);
 }
 
+QByteArray readFile(const QString &path)
+{
+    const Descriptor file = openForReading(path);
+    // Half as long as fstat() takes. Of what is no file, nothing but a disk has a size.
+    constexpr off_t SmallestDisk = 1 << 18;
+    const off_t size = lseek(file, 0, SEEK_END);
+    if (size < 0 || (size >= SmallestDisk && !isFile(file)))
+        return {};
+    try {
+        QByteArray data(size, Qt::Uninitialized);
+        for (off_t done = 0; done < size;) {
+            const ssize_t count =
+                pread(file, data.data() + done, static_cast<std::size_t>(size - done), done);
+            if (count == 0 || (count < 0 && errno != EINTR))
+                return {};
+            done += qMax(count, ssize_t{0});
+        }
+        return data;
+    } catch (const std::bad_alloc &) {
+        return {};
+    }
+}
+
 bool makePrivateDirectory(const QString &path)
 {
     if (path.contains(QChar::Null))
@@ -262,29 +271,6 @@ bool openFile(QFile &file, const QString &path)
         return false;
     source.release();
     return true;
-}
-
-QByteArray readFile(const QString &path)
-{
-    const Descriptor file = openForReading(path);
-    // Half as long as fstat() takes. Of what is no file, nothing but a disk has a size.
-    constexpr off_t SmallestDisk = 1 << 18;
-    const off_t size = lseek(file, 0, SEEK_END);
-    if (size < 0 || (size >= SmallestDisk && !isFile(file)))
-        return {};
-    try {
-        QByteArray data(size, Qt::Uninitialized);
-        for (off_t done = 0; done < size;) {
-            const ssize_t count =
-                pread(file, data.data() + done, static_cast<std::size_t>(size - done), done);
-            if (count == 0 || (count < 0 && errno != EINTR))
-                return {};
-            done += qMax(count, ssize_t{0});
-        }
-        return data;
-    } catch (const std::bad_alloc &) {
-        return {};
-    }
 }
 
 NewFile::~NewFile()
@@ -389,8 +375,19 @@ void removeAbandonedFiles(const QString &directory)
     if (!folder)
         return;
     const int number = file.release(); // closedir() closes it.
-    while (const dirent *entry = readdir(folder.get()))
-        removeAbandonedFile(number, entry->d_name);
+    while (const dirent *entry = readdir(folder.get())) {
+        const char *const name = entry->d_name;
+        struct stat status;
+        if (fstatat(number, name, &status, AT_SYMLINK_NOFOLLOW) != 0 || S_ISDIR(status.st_mode))
+            continue;
+        if (S_ISREG(status.st_mode)) {
+            const Descriptor left(number, name, O_RDWR | O_NOFOLLOW | O_NONBLOCK);
+            if (left >= 0 && lock(left))
+                unlinkat(number, name, 0);
+        } else {
+            unlinkat(number, name, 0);
+        }
+    }
     rmdir(QFile::encodeName(path).constData());
 }
 

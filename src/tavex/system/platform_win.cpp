@@ -203,17 +203,6 @@ bool linkDirectory(const QString &link, const QString &folder)
         && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 
-bool makePrivateDirectory(const QString &path)
-{
-    return QDir(QString()).mkpath(path); // For whom it is open, the one above it tells.
-}
-
-bool openFile(QFile &file, const QString &path)
-{
-    file.setFileName(path);
-    return file.open(QIODevice::ReadOnly);
-}
-
 QByteArray readFile(const QString &path)
 {
     QFile file(path);
@@ -227,6 +216,17 @@ QByteArray readFile(const QString &path)
     } catch (const std::bad_alloc &) {
         return {};
     }
+}
+
+bool makePrivateDirectory(const QString &path)
+{
+    return QDir(QString()).mkpath(path); // For whom it is open, the one above it tells.
+}
+
+bool openFile(QFile &file, const QString &path)
+{
+    file.setFileName(path);
+    return file.open(QIODevice::ReadOnly);
 }
 
 NewFile::~NewFile()
