@@ -7,7 +7,6 @@
 #include <QCryptographicHash>
 #include <QDataStream>
 #include <QFile>
-#include <QSaveFile>
 #include <QStringBuilder>
 #include <QUuid>
 
@@ -57,19 +56,6 @@ bool streamTo(Platform::NewFile &file, const Write &write)
     });
 }
 
-/// SFileHelper::copyDevice(), which takes a source that cannot be opened for an empty one.
-bool copyFrom(QIODevice *source, QIODevice *target)
-{
-    if (source->isOpen())
-        return SFileHelper::copyDevice(target, source, ChunkSize);
-    // To close a QSaveFile ends the process.
-    if (qobject_cast<QSaveFile *>(source) || !source->open(QIODevice::ReadOnly))
-        return false;
-    const bool copied = SFileHelper::copyDevice(target, source, ChunkSize);
-    source->close();
-    return copied;
-}
-
 } // namespace
 
 SNvCache::SNvCache(const QString &name, const QString &folder)
@@ -93,7 +79,8 @@ SNvCache::~SNvCache()
 bool SNvCache::insert(const QString &key, QIODevice *source)
 {
     return source && store(key, true, [&](Platform::NewFile &file) {
-        return writeTo(file, [&](Writer &writer) { return copyFrom(source, &writer); });
+        return writeTo(file,
+            [&](Writer &writer) { return SFileHelper::copyDevice(&writer, source, ChunkSize); });
     });
 }
 

@@ -49,12 +49,15 @@ namespace Quorvex::Platform {
 /// minute where a program has to do it.
 [[nodiscard]] bool linkDirectory(const QString &link, const QString &folder);
 
+/// All that the file at \a path has; empty if it cannot be read to its end.
+[[nodiscard]] QByteArray readFile(const QString &path);
+
 /// Makes the directory \a path and all above it that is missing, open to the user alone. True also
 /// if there is one.
 [[nodiscard]] bool makePrivateDirectory(const QString &path);
 
-/// Opens the file at \a path for reading. A FIFO, a socket or a device is no file, and is not
-/// waited for.
+/// Opens the file at \a path for reading. To this and to readFile() a FIFO, a socket or a device is
+/// no file, and is not waited for.
 [[nodiscard]] bool openFile(QFile &file, const QString &path);
 
 /// The absolute path of the program that the shell runs as \a name; empty if there is none.
@@ -81,10 +84,6 @@ private:
     std::atomic<qint64> m_ordinary = 0;
     std::atomic<qint64> *m_process; ///< In memory that fork() clears, if the system has such.
 };
-
-/// All that the file at \a path has; empty if openFile() would not open it, or if it cannot be read
-/// to its end.
-[[nodiscard]] QByteArray readFile(const QString &path);
 
 /// The folder in \a directory in which its NewFiles have their names. It is there while one of them
 /// is. The name says whose it is: what else has it there is removed.

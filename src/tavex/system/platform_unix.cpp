@@ -93,6 +93,16 @@ private:
     int m_number;
 };
 
+/// \a path from the root on; empty for an empty one, or if the current folder was removed. It is
+/// not cleaned: what ".." means is only known once the links before it are followed.
+QString absolute(const QString &path)
+{
+    if (path.isEmpty() || path.startsWith(QLatin1Char('/')))
+        return path;
+    const QString current = QDir::currentPath();
+    return current.isEmpty() ? QString() : current + QLatin1Char('/') + path;
+}
+
 struct Account
 {
     QString name;
@@ -122,13 +132,6 @@ QStringList programFolders()
         folders = QString::fromLocal8Bit(preset.data());
     }
     return folders.split(QLatin1Char(':'));
-}
-
-/// Tells by the lock on \a file whether somebody holds it. Where a file system has no locks, every
-/// file seems held.
-bool lock(int file)
-{
-    return flock(file, LOCK_EX | LOCK_NB) == 0;
 }
 
 bool isDirectory(const QString &path)
@@ -209,18 +212,11 @@ QString makeNamed(const QString &directory, const Make &make)
     return {};
 }
 
-void removeAbandonedFile(int folder, const char *name)
+/// Tells by the lock on \a file whether somebody holds it. Where a file system has no locks, every
+/// file seems held.
+bool lock(int file)
 {
-    struct stat status;
-    if (fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0 || S_ISDIR(status.st_mode))
-        return;
-    if (S_ISREG(status.st_mode)) {
-        const Descriptor file(folder, name, O_RDWR | O_NOFOLLOW | O_NONBLOCK);
-        if (file >= 0 && lock(file))
-            unlinkat(folder, name, 0);
-    } else {
-        unlinkat(folder, name, 0);
-    }
+    return flock(file, LOCK_EX | LOCK_NB) == 0;
 }
 
 /// Removes what can be removed from the folder that \a file is open on, and closes it. Nobody
@@ -312,17 +308,11 @@ QString absolutePath(const QString &path)
     const QLatin1Char slash('/');
     if (path.isEmpty() || path.contains(QChar::Null))
         return {};
-    QString absolute = QFileInfo(path).filePath(); // With its folder for one of Qt's prefixes.
-    if (!absolute.startsWith(slash)) {
-        const QString current = QDir::currentPath();
-        if (current.isEmpty())
-            return {};
-        absolute.prepend(current + slash);
-    }
-    while (
-        absolute.size() > 1 && (absolute.endsWith(slash) || absolute.endsWith(QLatin1String("/."))))
-        absolute.chop(1);
-    return absolute;
+    QString result =
+        absolute(QFileInfo(path).filePath()); // With its folder for one of Qt's prefixes.
+    while (result.size() > 1 && (result.endsWith(slash) || result.endsWith(QLatin1String("/."))))
+        result.chop(1);
+    return result;
 }
 
 bool linkDirectory(const QString &link, const QString &folder)
@@ -371,6 +361,29 @@ bool ProcessMark::isSet() const noexcept
     return *m_process == getpid();
 }
 
+QByteArray readFile(const QString &path)
+{
+    const Descriptor file = openForReading(path);
+    // Half as long as fstat() takes. Of what is no file, nothing but a disk has a size.
+    constexpr off_t SmallestDisk = 1 << 18;
+    const off_t size = lseek(file, 0, SEEK_END);
+    if (size < 0 || (size >= SmallestDisk && !isFile(file)))
+        return {};
+    try {
+        QByteArray data(size, Qt::Uninitialized);
+        for (off_t done = 0; done < size;) {
+            const ssize_t count =
+                pread(file, data.data() + done, static_cast<std::size_t>(size - done), done);
+            if (count == 0 || (count < 0 && errno != EINTR))
+                return {};
+            done += qMax(count, ssize_t{0});
+        }
+        return data;
+    } catch (const std::bad_alloc &) {
+        return {};
+    }
+}
+
 bool makePrivateDirectory(const QString &path)
 {
     if (path.contains(QChar::Null))
@@ -407,35 +420,12 @@ QString findProgram(const QString &name)
     for (QString path : isPath ? QStringList{QString()} : programFolders()) {
         if (!path.isEmpty() && !path.endsWith(QLatin1Char('/')))
             path += QLatin1Char('/');
-        path = absolutePath(path + name);
+        path = absolute(path + name);
         const QFileInfo file(path);
         if (file.isFile() && file.isExecutable())
             return path;
     }
     return {};
-}
-
-QByteArray readFile(const QString &path)
-{
-    const Descriptor file = openForReading(path);
-    // Half as long as fstat() takes. Of what is no file, nothing but a disk has a size.
-    constexpr off_t SmallestDisk = 1 << 18;
-    const off_t size = lseek(file, 0, SEEK_END);
-    if (size < 0 || (size >= SmallestDisk && !isFile(file)))
-        return {};
-    try {
-        QByteArray data(size, Qt::Uninitialized);
-        for (off_t done = 0; done < size;) {
-            const ssize_t count =
-                pread(file, data.data() + done, static_cast<std::size_t>(size - done), done);
-            if (count == 0 || (count < 0 && errno != EINTR))
-                return {};
-            done += qMax(count, ssize_t{0});
-        }
-        return data;
-    } catch (const std::bad_alloc &) {
-        return {};
-    }
 }
 
 NewFile::~NewFile()
@@ -540,8 +530,19 @@ void removeAbandonedFiles(const QString &directory)
     if (!folder)
         return;
     const int number = file.release(); // closedir() closes it.
-    while (const dirent *entry = readdir(folder.get()))
-        removeAbandonedFile(number, entry->d_name);
+    while (const dirent *entry = readdir(folder.get())) {
+        const char *const name = entry->d_name;
+        struct stat status;
+        if (fstatat(number, name, &status, AT_SYMLINK_NOFOLLOW) != 0 || S_ISDIR(status.st_mode))
+            continue;
+        if (S_ISREG(status.st_mode)) {
+            const Descriptor left(number, name, O_RDWR | O_NOFOLLOW | O_NONBLOCK);
+            if (left >= 0 && lock(left))
+                unlinkat(number, name, 0);
+        } else {
+            unlinkat(number, name, 0);
+        }
+    }
     rmdir(QFile::encodeName(path).constData());
 }
 
@@ -595,7 +596,7 @@ Memory memory()
 Volume volumeOf(const QString &path)
 {
     const QList<ProcFs::Mount> mounts = ProcFs::mounts();
-    const ProcFs::Mount *mount = ProcFs::mountOf(absolutePath(path), mounts);
+    const ProcFs::Mount *mount = ProcFs::mountOf(absolute(path), mounts);
     return mount ? toVolume(*mount) : Volume();
 }
 

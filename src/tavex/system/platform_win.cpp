@@ -240,6 +240,7 @@ QString findProgram(const QString &name)
         path, path.contains(QLatin1Char('/')) ? QStringList{QDir::currentPath()} : QStringList());
 }
 
+<<<<<<< HEAD
 bool makePrivateDirectory(const QString &path)
 {
     return QDir(QString()).mkpath(path); // For whom it is open, the one above it tells.
@@ -288,6 +289,8 @@ bool ProcessMark::isSet() const noexcept
     return *m_process == 1;
 }
 
+=======
+>>>>>>> cache
 QByteArray readFile(const QString &path)
 {
     QFile file(path);
@@ -301,6 +304,17 @@ QByteArray readFile(const QString &path)
     } catch (const std::bad_alloc &) {
         return {};
     }
+}
+
+bool makePrivateDirectory(const QString &path)
+{
+    return QDir(QString()).mkpath(path); // For whom it is open, the one above it tells.
+}
+
+bool openFile(QFile &file, const QString &path)
+{
+    file.setFileName(path);
+    return file.open(QIODevice::ReadOnly);
 }
 
 NewFile::~NewFile()
