@@ -40,7 +40,7 @@ private Q_SLOTS:
             {u"TMPDIR=/proc/", F::TempLocation, u"/proc"}, {u"HOME=/h", F::RootLocation, u"/"},
             {u"TMPDIR=.", F::TempLocation, u"/tmp"}, {u"TMPDIR=/none", F::TempLocation, u"/tmp"},
             {u"TMPDIR=/dev/null", F::TempLocation, u"/tmp"},
-            {u"XDG_RUNTIME_DIR=/none/r/", F::RuntimeLocation, u"/none/r"},
+            {u"XDG_RUNTIME_DIR=/none/r", F::RuntimeLocation, u"/none/r"},
             {u"XDG_RUNTIME_DIR=/tmp", F::RuntimeLocation, u""},
             {u"XDG_DATA_HOME=/x/", F::CommonDataLocation, u"/x"},
             {u"XDG_DATA_HOME=/x XDG_DATA_DIRS=/y", F::ColorFolder, u""}};

@@ -44,9 +44,9 @@ QString SEnvironment::getFolder(SpecialFolder folder, bool writable)
 {
     switch (folder) {
     case SpecialFolder::TempLocation:
-        return cleaned(Platform::temporaryFolder());
+        return Platform::temporaryFolder();
     case SpecialFolder::RuntimeLocation:
-        return cleaned(Platform::runtimeFolder());
+        return Platform::runtimeFolder();
     case SpecialFolder::RootLocation:
         return writable ? QString() : cleaned(QDir::rootPath());
     case SpecialFolder::CommonDataLocation: {
