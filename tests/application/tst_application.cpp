@@ -134,7 +134,8 @@ private Q_SLOTS:
             }
             QVERIFY(load(string("tavex")));
             QVERIFY(!catalogue.translate("QObject", "Copyright").isEmpty());
-            QVERIFY(catalogue.translate("S3rdParty", "en").startsWith(language.section(u'_', 0, 0)));
+            QVERIFY(
+                catalogue.translate("S3rdParty", "en").startsWith(language.section(u'_', 0, 0)));
             expected.insert(SLocale(language).locale().language());
         }
         QCOMPARE(count, 4 * 18 - 1);

@@ -240,18 +240,6 @@ QString findProgram(const QString &name)
         path, path.contains(QLatin1Char('/')) ? QStringList{QDir::currentPath()} : QStringList());
 }
 
-<<<<<<< HEAD
-bool makePrivateDirectory(const QString &path)
-{
-    return QDir(QString()).mkpath(path); // For whom it is open, the one above it tells.
-}
-
-bool openFile(QFile &file, const QString &path)
-{
-    file.setFileName(path);
-    return file.open(QIODevice::ReadOnly);
-}
-
 bool removeFolder(const QString &path)
 {
     if (QDir(path).isRoot())
@@ -289,8 +277,6 @@ bool ProcessMark::isSet() const noexcept
     return *m_process == 1;
 }
 
-=======
->>>>>>> cache
 QByteArray readFile(const QString &path)
 {
     QFile file(path);
