@@ -5,8 +5,6 @@
 #include <QList>
 #include <QLocale>
 
-#include <cstdlib>
-
 namespace Quorvex {
 
 void keepDefaultLocale()
@@ -24,12 +22,15 @@ void keepDefaultLocale()
 
 void keepDefaultLocaleAtExit()
 {
-    static constinit std::atomic_flag isArranged;
-    if (isArranged.test_and_set(std::memory_order_relaxed))
-        return;
-    // Qt makes its own at first use, and what is arranged later happens earlier.
-    static_cast<void>(QLocale());
-    static_cast<void>(std::atexit(&keepDefaultLocale));
+    // Not std::atexit(), which the thread sanitizer calls after the library was unloaded.
+    struct AtExit
+    {
+        // Qt makes its own at first use, and what is made later is destroyed earlier.
+        AtExit() { static_cast<void>(QLocale()); }
+        ~AtExit() { keepDefaultLocale(); }
+        Q_DISABLE_COPY_MOVE(AtExit)
+    };
+    static const AtExit atExit;
 }
 
 } // namespace Quorvex
