@@ -1,6 +1,7 @@
 #include <tavex/convert/sconvert.h>
 
 #include <tavex/convert/svariantconvert.h>
+#include <tavex/core/lasting_p.h>
 #include <tavex/core/metatype_p.h>
 #include <tavex/enums/enumlist_p.h>
 #include <tavex/enums/enumtranslationoptions.h>
@@ -650,8 +651,9 @@ QString SConvert::elementText(const QVariant &value, const QString &format, cons
 
 SVersion SConvert::toVersion(const QString &text, const QLocale &locale)
 {
-    static const VersionPattern pattern{QString()};
-    return findVersion(text, pattern, locale);
+    static constinit Lasting<VersionPattern> pattern;
+    return findVersion(
+        text, pattern.get([] { return std::make_unique<VersionPattern>(QString()); }), locale);
 }
 
 SVersion SConvert::toVersion(const QString &text, const QString &format, const QLocale &locale)

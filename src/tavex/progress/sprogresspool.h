@@ -42,8 +42,8 @@ public Q_SLOTS:
     /// Aborts all children, then the pool. Emits aborting() for each child that was not aborted and
     /// once for the call itself, always after all are aborted.
     void abort() override;
-    /// Sets the progress of all children, in order. That of the pool follows step by step, and so do
-    /// its peers.
+    /// Sets the progress of all children, in order. That of the pool follows step by step, and so
+    /// do its peers.
     void setProgress(int value) override;
 
 private Q_SLOTS:
