@@ -25,6 +25,7 @@ public:
     ~STemporaryFile() override;
 
     using QFile::open;
+    /// As QFile does it. The file is open to this user alone, under Linux by its mode 0600.
     bool open(OpenMode mode) override;
 };
 

@@ -18,8 +18,8 @@ class IProgress::Change
 public:
     Q_DISABLE_COPY_MOVE(Change)
 
-    enum Kind { SetProgress, Abort };
-    enum Task {
+    enum Kind : quint8 { SetProgress, Abort };
+    enum Task : quint8 {
         Announce,     ///< First to the pool; not a progress that is \c value, as before.
         CallPeers,    ///< Those that are not there yet.
         CallChildren, ///< In order. A pool is aborted after them.
@@ -81,18 +81,23 @@ public:
     static thread_local constinit Here here;
 
 private:
-    /// Has the lock of its reporter.
+    struct Peers
+    {
+        QSet<IProgress *> all;
+        QSet<IProgress *>::const_iterator next;
+    };
+    /// Has the lock of its reporter. There are two for each child of a pool that is aborted, so it
+    /// is small.
     struct Step
     {
         Task task;
         Kind kind;
-        IProgress *reporter; ///< Null if it was deleted.
+        bool isAnswered; ///< Whether the pool has followed.
         int value;
-        std::size_t index; ///< How many children are through.
-        bool isAnswered;   ///< Whether the pool has followed.
-        QSet<IProgress *> peers;
-        QSet<IProgress *>::const_iterator next;
-        std::size_t asked; ///< The call that it is the first step of, or 0.
+        IProgress *reporter; ///< Null if it was deleted.
+        std::size_t index;   ///< How many children are through.
+        std::size_t asked;   ///< The call that it is the first step of, or 0.
+        std::unique_ptr<Peers> peers;
     };
 
     Change(IProgress *origin, int value)
@@ -175,12 +180,14 @@ void IProgress::Change::tell(IProgress *reporter, const IProgress *pool, Kind ki
 void IProgress::Change::push(
     Task task, Kind kind, IProgress *reporter, int value, std::size_t index)
 {
-    Step step{task, kind, reporter, value, index, false, {}, {}, 0};
-    if (task == CallPeers)
-        step.peers = kind == SetProgress ? reporter->m_progressPeers : reporter->m_abortPeers;
-    step.next = step.peers.cbegin();
+    std::unique_ptr<Peers> peers;
+    if (task == CallPeers) {
+        const bool isAbort = kind == Abort;
+        peers.reset(new Peers{isAbort ? reporter->m_abortPeers : reporter->m_progressPeers, {}});
+        peers->next = std::as_const(peers->all).cbegin();
+    }
     reporter->m_lock->lock();
-    m_steps.append(std::move(step));
+    m_steps.append({task, kind, false, value, reporter, index, 0, std::move(peers)});
 }
 
 void IProgress::Change::pop()
@@ -318,8 +325,8 @@ IProgress *IProgress::Change::next(Step *step)
     if (step->task == CallPeers) {
         const QSet<IProgress *> &peers =
             step->kind == SetProgress ? from.m_progressPeers : from.m_abortPeers;
-        while (step->next != step->peers.cend()) {
-            IProgress *const peer = *step->next++;
+        while (step->peers->next != step->peers->all.cend()) {
+            IProgress *const peer = *step->peers->next++;
             if (peers.contains(peer)
                 && (step->kind == Abort ? !peer->isAborted() : peer->progress() != from.progress()))
                 return peer;

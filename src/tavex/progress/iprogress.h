@@ -78,8 +78,8 @@ protected:
     /// How a class tells of what has changed.
     struct Announcer
     {
-        void (*progress)(IProgress *reporter, int value);
-        void (*aborting)(IProgress *reporter);
+        void (*progress)(IProgress *reporter, int value); ///< Of a new progress.
+        void (*aborting)(IProgress *reporter);            ///< Of an abort.
     };
     /// The one that emits the signals of \a Reporter.
     template <typename Reporter>
@@ -93,11 +93,13 @@ protected:
         return &signalling;
     }
 
+    /// Tells of its changes through \a announcer, which lives as long.
     explicit IProgress(const Announcer *announcer);
 
     /// Undoes every link() of this reporter, and ends its part in what this thread is passing on.
     void unlinkAll();
 
+    /// What protects it.
     [[nodiscard]] Lock *lock() const { return m_lock.get(); }
 
     /// Makes this, which no other thread knows yet, a child of \a pool.
