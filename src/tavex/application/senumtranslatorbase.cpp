@@ -81,7 +81,9 @@ using Catalogue = std::shared_ptr<const QTranslator>;
 Catalogue loadCatalogue(const QString &name, const QLocale &locale, const QString &folder)
 {
     auto catalogue = std::make_shared<QTranslator>();
-    if (!catalogue->load(name + QLatin1Char('_') + SLocale::name(locale), folder))
+    // Qt logs a name that no folder can have.
+    if (folder.contains(QChar::Null)
+        || !catalogue->load(name + QLatin1Char('_') + SLocale::name(locale), folder))
         return {};
     return catalogue;
 }

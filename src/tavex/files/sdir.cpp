@@ -83,6 +83,8 @@ QString SDir::uniqueEnumeratedPath(const QString &path)
         base.truncate(suffix);
 
     QString candidate = base;
+    if (path.contains(QChar::Null)) // Nothing has such a name, which Qt logs when it is asked.
+        return candidate;
     for (int number = 1; number <= 99 && QDir(candidate).exists(); ++number)
         candidate = base + separator + QString::number(number);
     return candidate;

@@ -229,6 +229,8 @@ bool SFileHelper::copyDevice(QIODevice *target, QIODevice *source, quint64 buffe
 
 QString SFileHelper::uniqueEnumeratedName(const QString &fileName)
 {
+    if (fileName.contains(QChar::Null))
+        return fileName;
     const QFileInfo info(fileName);
     QString candidate = fileName;
     for (int number = 2; number < 100 && QFile::exists(candidate); ++number) {
@@ -253,6 +255,8 @@ const QString &SFileHelper::deleteFolderOnExit(const QString &path)
 
 const QString &SFileHelper::deleteOnExit(const QString &path)
 {
+    if (path.contains(QChar::Null))
+        return path; // Nothing has such a name, which Qt logs when it is asked.
     const QFileInfo info(path);
     if (info.isDir())
         return deleteFolderOnExit(path);

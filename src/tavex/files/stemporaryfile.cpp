@@ -30,8 +30,11 @@ STemporaryFile::~STemporaryFile()
 
 bool STemporaryFile::open(OpenMode mode)
 {
-    if (!isOpen()) // The name may have been set since.
-        setFileName(Platform::absolutePath(fileName()));
+    if (isOpen())
+        return false;
+    setFileName(Platform::absolutePath(fileName())); // It may have been set since.
+    if (fileName().isEmpty())
+        return false;
 #if QT_VERSION >= QT_VERSION_CHECK(6, 3, 0)
     return QFile::open(mode, ReadOwner | WriteOwner);
 #else

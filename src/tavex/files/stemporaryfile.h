@@ -25,7 +25,8 @@ public:
     ~STemporaryFile() override;
 
     using QFile::open;
-    /// As QFile does it. The file is open to this user alone, under Linux by its mode 0600.
+    /// As QFile does it; false without a word in the log if it is open or has no name. The file is
+    /// open to this user alone, under Linux by its mode 0600.
     bool open(OpenMode mode) override;
 };
 

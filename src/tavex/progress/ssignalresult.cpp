@@ -1,5 +1,6 @@
 #include <tavex/progress/ssignalresult.h>
 
+#include <QCoreApplication>
 #include <QEventLoop>
 
 namespace Quorvex {
@@ -16,6 +17,8 @@ bool SSignalResult::succeeded() const
 
 bool SSignalResult::waitResult()
 {
+    if (!QCoreApplication::instance())
+        return succeeded();
     QEventLoop loop;
     connect(this, SIGNAL(finished()), &loop, SLOT(quit()));
     loop.exec();

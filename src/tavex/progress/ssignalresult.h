@@ -22,7 +22,8 @@ public:
     [[nodiscard]] bool succeeded() const;
 
     /// Runs an event loop until finished() is emitted, then returns succeeded(). It only hears of
-    /// what comes after the call: with an outcome already told, it does not return.
+    /// what comes after the call: with an outcome already told, it does not return. Without a
+    /// QCoreApplication no loop runs, and it returns at once.
     bool waitResult();
 
 public Q_SLOTS:
