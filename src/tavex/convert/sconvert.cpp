@@ -332,17 +332,6 @@ bool visit(STypeList<T...>, const QVariant &value, const Visitor &visitor)
     return (visitOne<T>(value, visitor) || ...);
 }
 
-/// Calls \a visitor with what \a value holds, if it is a list or a map of one of the types.
-template <typename... T, typename Visitor>
-bool visitContainer(STypeList<T...>, const QVariant &value, const Visitor &visitor)
-{
-    return (visitOne<QList<T>>(value, visitor) || ...)
-        || (visitOne<QMap<QString, T>>(value, visitor) || ...)
-        || (visitOne<QHash<QString, T>>(value, visitor) || ...)
-        || (visitOne<QList<QList<T>>>(value, visitor) || ...)
-        || (visitOne<QList<QList<QList<T>>>>(value, visitor) || ...);
-}
-
 template <typename First, typename... T>
 using ListAfter = STypeList<T...>;
 #define ENUM_NAME(Name) , Name
@@ -351,6 +340,42 @@ using LibraryEnums =
     ListAfter<void TAVEX_META_ENUMS(ENUM_NAME, ENUM_NAME) TAVEX_OTHER_ENUMS(ENUM_NAME),
         EnumTranslationOptions>;
 #undef ENUM_NAME
+
+/// The types of the library, of whose lists and maps Qt cannot reach the elements.
+template <typename... T>
+STypeList<T..., SVersion> withVersion(STypeList<T...>);
+using OwnTypes = decltype(withVersion(LibraryEnums()));
+
+template <typename T>
+using List = QList<T>;
+template <typename T>
+using ListOfLists = QList<QList<T>>;
+template <typename T>
+using Map = QMap<QString, T>;
+template <typename T>
+using Hash = QHash<QString, T>;
+
+/// Calls \a open with what \a value holds if the name of its type is \a front, the name of one of
+/// the types, and what closes that. (To have the descriptions of all these containers would cost
+/// megabytes.)
+template <template <typename> typename Container, typename... T, typename Open>
+bool openAs(STypeList<T...>, const QVariant &value, const char *front, const Open &open)
+{
+    QByteArrayView name(value.metaType().name());
+    if (!name.startsWith(front))
+        return false;
+    name = name.sliced(qsizetype(qstrlen(front)));
+    while (name.endsWith('>'))
+        name.chop(1);
+    const auto openOne = [&]<typename One>(const Container<One> *content) {
+        const bool isSame = name == QMetaType::fromType<One>().name();
+        if (isSame)
+            open(*content);
+        return isSame;
+    };
+    return (openOne.template operator()<T>(static_cast<const Container<T> *>(value.constData()))
+        || ...);
+}
 
 /// A value and the description of its type, of which no variant is made: that would register it.
 struct Value
@@ -529,8 +554,13 @@ QVariant SConvert::opened(const QVariant &value, const QString &format, const QL
             result = opened(content, format, locale);
     };
     const auto open = [&](const auto &content) { result = variant(content, format, locale); };
-    if (visit(STextTypes(), value, take) || visitContainer(STextTypes(), value, open)
-        || visitContainer(LibraryEnums(), value, open))
+    if (visit(STextTypes(), value, take) || visitOne<QStringList>(value, open)
+        || visitOne<QByteArrayList>(value, open)
+        || openAs<List>(STextTypes(), value, "QList<", open)
+        || openAs<List>(LibraryEnums(), value, "QList<", open)
+        || openAs<ListOfLists>(OwnTypes(), value, "QList<QList<", open)
+        || openAs<Map>(OwnTypes(), value, "QMap<QString,", open)
+        || openAs<Hash>(OwnTypes(), value, "QHash<QString,", open))
         return result;
     // Others too, of which Qt knows how to reach the elements.
     const QMetaType type = MetaType::registered(value.metaType());
