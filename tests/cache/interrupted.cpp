@@ -11,47 +11,32 @@
 #include <cstdlib>
 #include <string_view>
 
-namespace {
-
-constexpr int Sizes[] = {100, 40000, 100000, 20000};
-constexpr int KeyCount = 4;
 /// What a run that came to its end exits with, and a bit for each key that was inserted.
 constexpr int Finished = 64;
 
-/// Each version has another size, so that a mixture of two is neither.
-QByteArray valueOf(int i, int version)
-{
-    return {Sizes[i] * (3 - version) / 2, static_cast<char>('a' + 2 * i + version)};
-}
-
-/// A key that was inserted has its new value, one whose insertion failed the old one or none; a
-/// killed process leaves either of the two.
-bool check(const Quorvex::SNvCache &cache, int i, int status)
-{
-    const QByteArray value = cache.value(QString::number(i));
-    const bool isOld = value == valueOf(i, 0);
-    if (!(status & Finished))
-        return isOld || value == valueOf(i, 1);
-    return status >> i & 1 ? value == valueOf(i, 1) : isOld || value.isEmpty();
-}
-
-} // namespace
-
 int main(int argc, char *argv[])
 {
-    const std::string_view command(argv[2]);
-    if (qEnvironmentVariableIsSet("TAVEX_NAMED") && !refuseNamelessFiles())
+    if (qEnvironmentVariableIsSet("TAVEX_NAMED") && !refuseNameless())
         return 1;
     const int before = argc > 3 ? std::atoi(argv[3]) : 0;
-    int status = Finished;
+    const QList<int> sizes{100, 40000, 100000, 20000};
+    const QList<QByteArray> newValues = valuesOf(1, sizes);
+    const QList<QByteArray> oldValues = valuesOf(50, sizes);
     Quorvex::SNvCache cache(QStringLiteral("cache"), QString::fromLocal8Bit(argv[1]));
     const QDir directory(cache.folder() + QStringLiteral("/cache"));
     bool good = directory.entryList({QStringLiteral("new-*")}).isEmpty();
-    for (int i = 0; before && i < KeyCount; ++i)
-        good = good && check(cache, i, before);
-    if (!good || command == "open")
+    for (int i = 0; before && i < sizes.size(); ++i) {
+        // A key that was inserted has its new value, one whose insertion failed the old one or
+        // none; a killed process leaves either of the two.
+        const QByteArray value = cache.value(QString::number(i));
+        const bool isNew = value == newValues[i];
+        const bool isOld = value == oldValues[i];
+        if (before & Finished)
+            good = good && (before >> i & 1 ? isNew : isOld || value.isEmpty());
+        else
+            good = good && (isNew || isOld);
+    }
+    if (!good || std::string_view(argv[2]) == "open")
         std::_Exit(!good);
-    for (int i = 0; i < KeyCount; ++i)
-        status |= insert(cache, i, valueOf(i, before ? 0 : 1)) << i;
-    return status;
+    return Finished | insertAll(cache, before ? oldValues : newValues);
 }
