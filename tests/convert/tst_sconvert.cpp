@@ -329,19 +329,26 @@ private Q_SLOTS:
             gives(QMap<QString, T>{{string("k"), value}}, string("k: ") + text);
             gives(QHash<QString, T>{{string("k"), value}}, string("k: ") + text);
         };
-        const auto checkPlain = [&](const auto &...values) { (check(values, ""), ...); };
-        checkPlain(true, 2.5, string("text"), QByteArray("bytes"), QUrl(string("http://a/")),
-            QUuid::createUuid(), QJsonObject{{string("a"), 1}}, QJsonArray{1}, QJsonValue(1.5),
-            QVariant(2), Bool::True, CpuFeatureFlags(1), OperatingSystem::Linux,
-            EnumTranslationOptions::NoKeyFallback, Qt::Checked);
-        check(-7L, "{width:3}");
+        // Of each kind of type one: what these take to compile grows with their number.
+        check(true, "");
         check(quint8(200), "{base:16}");
-        check(1e-7F, "{e:1}");
+        check(QByteArray("bytes"), "");
         check(QDate(2024, 2, 29), "{iso}");
-        check(QTime(1, 2, 3), "HH:mm");
-        check(QDateTime(QDate(2024, 2, 29), QTime(1, 2)), "{short}");
-        check(QJsonDocument(QJsonArray{1}), "{indent}");
+        check(QJsonValue(1.5), "");
         check(SVersion(1, 2, 3), "{pp}");
+        check(QVariant(2), "");
+        check(OperatingSystem::Linux, "");
+        check(Qt::Checked, "");
+        const std::pair<QVariant, const char *> lists[] = {
+            {QVariant::fromValue(QList<Bool>{Bool::True}), "True"},
+            {QVariant::fromValue(QList<signed char>{-1}), "-1"},
+            {QVariant::fromValue(QList<long>{-1}), "-1"},
+            {QVariant::fromValue(QList<ulong>{1}), "1"},
+            {QVariant::fromValue(QList<qulonglong>{1}), "1"},
+            {QVariant::fromValue(QList<QUrl>{QUrl(string("http://a/"))}), "http://a/"},
+            {QVariant::fromValue(QStringList{string("a"), string("b")}), "a, b"}};
+        for (const auto &[list, text] : lists)
+            QCOMPARE(SConvert::toString(list), string(text));
 
         // A value of an enumeration that no one has registered stays so: it may be a plug-in's.
         enum class Own : quint8 { Value = 200 };
