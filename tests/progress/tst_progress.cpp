@@ -252,19 +252,22 @@ private Q_SLOTS:
                  Call([](auto *pool, auto *) { pool->at(1)->abort(); }),
                  Call([](auto *pool, auto *) { pool->reset(); }),
                  Call([](auto *, auto *peer) { peer->setProgress(70), peer->abort(); })}) {
+            SProgress before;
             SProgress peer;
-            SProgress others[2];
+            SProgress after;
             const QPointer pool = new SProgressPool(3);
             pool->setProgress(5);
             for (IProgress *const other :
-                QList<IProgress *>{&others[0], pool, pool->at(2), &others[1]})
+                {static_cast<IProgress *>(&before), static_cast<IProgress *>(pool.data()),
+                    static_cast<IProgress *>(pool->at(2)), static_cast<IProgress *>(&after)})
                 IProgress::link(&peer, other);
             connect(pool, &SProgressPool::reportProgress, [pool] { delete pool; });
             connect(pool, &SProgressPool::aborting, [pool] { delete pool; });
             call(pool, &peer);
-            QVERIFY(!pool && peer.progressPeers() == (QSet<IProgress *>{&others[0], &others[1]}));
+            QVERIFY(!pool);
+            QCOMPARE(peer.progressPeers(), (QSet<IProgress *>{&before, &after}));
             peer.setProgress(11);
-            QCOMPARE(others[0].progress() + others[1].progress(), 22);
+            QCOMPARE(before.progress() + after.progress(), 22);
         }
     }
 
