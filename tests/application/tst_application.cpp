@@ -34,13 +34,18 @@ int actAsChild(const QStringList &arguments)
         TavexApplication::restart();
     if (!isFirst || restarts)
         return 0;
-    QTimer::singleShot(0, [] { QCoreApplication::exit(3); });
-    TavexApplication::reboot(6); // Of the first loop only.
-    QCoreApplication::exec();
-    QTimer::singleShot(0, [] {
-        for (int i = 0; i < 4; ++i)
+    int reboots = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&reboots] {
+        if (reboots == 0)
+            QCoreApplication::exit(3);
+        for (; reboots > 0; --reboots)
             TavexApplication::reboot(7);
     });
+    timer.start(0);
+    TavexApplication::reboot(6); // Of the first loop only.
+    QCoreApplication::exec();
+    reboots = 4;
     return QCoreApplication::exec();
 }
 
