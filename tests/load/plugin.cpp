@@ -4,9 +4,6 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QVariant>
-
-#include <algorithm>
 
 using namespace Quorvex;
 
@@ -15,10 +12,9 @@ enum class PluginEnum { One = 1 };
 template <typename Meta, typename T>
 static void makeList(QVariantList *variants)
 {
-    const SMetaListBool other(true);
     Meta meta(QList<T>{1, 2});
     const SMetaVariant &base = meta;
-    if (base == Meta(meta) && !(base == other) && meta.value() == QList<T>{1, 2}
+    if (base == Meta(meta) && !(base == SMetaListBool(true)) && meta.value() == QList<T>{1, 2}
         && meta.toString() == QStringLiteral("1, 2"))
         variants->append(base.value());
 }
@@ -54,7 +50,8 @@ extern "C" Q_DECL_EXPORT int useLibrary()
     SProgressPool pool(2);
     pool.setProgress(40);
     const QString name = QStringLiteral("unload%1").arg(QCoreApplication::applicationPid());
-    const bool steps[] = {converter && converter(value, {}, QLocale::c()) == QStringLiteral("True"),
+    const QList<bool> steps{
+        converter && converter(value, {}, QLocale::c()) == QStringLiteral("True"),
         BinaryUnit_T::instance().toString(BinaryUnit::KiB) == QStringLiteral("KiB"),
         word == QStringLiteral("Wahr"),
         SConvert::toVersion(SConvert::toVariant(SVersion(1, 2, 3))) == SVersion(1, 2, 3),
@@ -66,6 +63,5 @@ extern "C" Q_DECL_EXPORT int useLibrary()
         pool.progress() == 40,
         // Unloading deletes it, or the next round cannot make it.
         QDir::temp().mkdir(SFileHelper::deleteFolderOnExit(QDir::temp().filePath(name)))};
-    const auto *const failed = std::find(std::begin(steps), std::end(steps), false);
-    return failed == std::end(steps) ? 0 : 1 + int(failed - steps);
+    return int(steps.indexOf(false)) + 1;
 }

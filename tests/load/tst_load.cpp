@@ -1,14 +1,6 @@
-#include <QAssociativeIterable>
-#include <QFile>
-#include <QFileInfo>
-#include <QLibrary>
-#include <QMetaType>
-#include <QSequentialIterable>
-#include <QTest>
-#include <QTranslator>
+#include <QtTest>
 
 #include <array>
-#include <utility>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -23,9 +15,9 @@ enum class SIPrefix : qint32;
 
 namespace {
 
-bool isMapped(const QString &file)
+bool isLibraryMapped()
 {
-    const QString name = QFileInfo(file).fileName();
+    const QString name = QFileInfo(QStringLiteral(LIBRARY_FILE)).fileName();
 #ifdef Q_OS_WIN
     return GetModuleHandleW(reinterpret_cast<LPCWSTR>(name.utf16())) != nullptr;
 #else
@@ -43,19 +35,12 @@ qint64 ownMemory()
         return static_cast<qint64>(counters.PagefileUsage / 1024);
 #else
     QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray &line : status.readAll().split('\n')) {
-        if (line.startsWith("RssAnon:"))
-            return line.simplified().split(' ').value(1).toLongLong();
+    if (status.open(QIODevice::ReadOnly)) {
+        const QByteArrayList words = status.readAll().simplified().split(' ');
+        return words.value(words.indexOf("RssAnon:") + 1).toLongLong();
     }
 #endif
     return 0;
-}
-
-bool isKnown(const char *type)
-{
-    return QMetaType::fromName(type).isValid();
 }
 
 /// Whether Qt knows the program's lists of \a T by a number and a description that are theirs.
@@ -112,7 +97,7 @@ private Q_SLOTS:
             for (const char *type :
                 {"QList<uchar>", "QList<short>", "QList<float>", "QList<double>", "QList<bool>",
                     "QList<int>", "QList<QList<int>>", "PluginEnum"})
-                QVERIFY2(round > 0 || !isKnown(type), type);
+                QVERIFY2(round > 0 || !QMetaType::fromName(type).isValid(), type);
             QVERIFY(isWhole<quint8>());
             QCOMPARE(made[Int8].toList(), alive.toList());
             QCOMPARE(made[UInt8].value<QList<quint8>>(), (QList<quint8>{1, 2}));
@@ -122,17 +107,16 @@ private Q_SLOTS:
             made.clear();
             QVERIFY(modules[round % 2].unload());
             QVERIFY(isWhole<qint8>() && isWhole<quint8>() && isWhole<float>());
-            QVERIFY(modules[1 - round % 2].unload() && !isMapped(QStringLiteral(LIBRARY_FILE)));
+            QVERIFY(modules[1 - round % 2].unload() && !isLibraryMapped());
 
             // They take the numbers that are free.
-            []<int... I>(std::integer_sequence<int, I...>)
+            const auto take = []<int... I>(std::integer_sequence<int, I...>)
             {
                 (QMetaType::fromType<std::array<char, I + 1>>().id(), ...);
-            }
-            (std::make_integer_sequence<int, 50>());
+            };
+            take(std::make_integer_sequence<int, 50>());
             QVERIFY(isWhole<qint8>() && isWhole<quint8>() && isWhole<qint16>() && isWhole<int>());
-            QCOMPARE(alive.toList(), (QVariantList{1, 2}));
-            QVERIFY(isKept<float>() && isKept<double>());
+            QVERIFY(alive.toList() == (QVariantList{1, 2}) && isKept<float>() && isKept<double>());
             QCOMPARE(QMetaType::fromName(own.name()).iface(), own.iface());
         }
         // What went was only the way to the elements of the lists that the library was first to
@@ -144,28 +128,23 @@ private Q_SLOTS:
 
     void loadUseUnload()
     {
+        const auto present = [] {
+            return QList<bool>{isLibraryMapped(), QMetaType::fromName("Quorvex::Bool").isValid(),
+                QMetaType::fromName("Quorvex::SVersion").isValid(),
+                QFile::exists(QStringLiteral(":/flags/svg/de.svg")),
+                QFile::exists(QStringLiteral(":/HALF_LICENSE"))};
+        };
         for (const auto &[file, use] : {std::pair(LIBRARY_FILE, false), {PLUGIN_FILE, true}}) {
             [[maybe_unused]] qint64 settledMemory = 0;
             for (int round = 0; round < 150; ++round) {
                 QLibrary module(QString::fromUtf8(file));
                 module.setLoadHints(QLibrary::ResolveAllSymbolsHint);
                 QVERIFY2(module.load(), qPrintable(module.errorString()));
-                QVERIFY(isKnown("Quorvex::Bool") && isKnown("Quorvex::SVersion"));
-                QVERIFY(QFile::exists(QStringLiteral(":/flags/svg/de.svg")));
-                QVERIFY(QFile::exists(QStringLiteral(":/HALF_LICENSE")));
-                if (use) {
-                    const auto useLibrary =
-                        reinterpret_cast<int (*)()>(module.resolve("useLibrary"));
-                    QVERIFY(useLibrary);
-                    QCOMPARE(useLibrary(), 0);
-                }
-                QVERIFY(isMapped(QStringLiteral(LIBRARY_FILE)));
+                QCOMPARE(present(), QList<bool>(5, true));
+                if (use)
+                    QCOMPARE(reinterpret_cast<int (*)()>(module.resolve("useLibrary"))(), 0);
                 QVERIFY(module.unload());
-
-                QVERIFY(!isMapped(QStringLiteral(LIBRARY_FILE)));
-                QVERIFY(!isKnown("Quorvex::Bool") && !isKnown("Quorvex::SVersion"));
-                QVERIFY(!QFile::exists(QStringLiteral(":/flags/svg/de.svg")));
-                QVERIFY(!QFile::exists(QStringLiteral(":/HALF_LICENSE")));
+                QCOMPARE(present(), QList<bool>(5, false));
                 if (round == 30)
                     settledMemory = ownMemory();
             }
@@ -182,8 +161,7 @@ private Q_SLOTS:
         QVERIFY(isKept<quint16>());
         for (int type = QMetaType::User; type < QMetaType::User + 100; ++type)
             QVERIFY(!QMetaType::isRegistered(type) || QMetaType(type).name());
-        QTranslator translator;
-        QVERIFY(!translator.load(QStringLiteral(":/translations/tavex_de.qm")));
+        QVERIFY(!QTranslator().load(QStringLiteral(":/translations/tavex_de.qm")));
     }
 };
 

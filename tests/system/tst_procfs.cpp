@@ -84,9 +84,8 @@ private Q_SLOTS:
     void affinity()
     {
         cpu_set_t all;
-        cpu_set_t one;
+        cpu_set_t one{};
         QCOMPARE(sched_getaffinity(0, sizeof(all), &all), 0);
-        CPU_ZERO(&one);
         CPU_SET(sched_getcpu(), &one);
         QCOMPARE(sched_setaffinity(0, sizeof(one), &one), 0);
         QCOMPARE(Platform::affinityProcessors(), 1);
@@ -114,32 +113,28 @@ private Q_SLOTS:
 
     void memoryAndMounts()
     {
+        const QByteArray mounted =
+            "22 27 0:21 / /proc rw - proc proc rw\n27 1 254:0 / / rw,relatime - ext4 /dev/vda rw\n"
+            "39 41 0:39 / /mnt/hidden rw - nfs4 host:/x rw\n"
+            "40 42 0:40 / /mnt/a\\040b\\134c rw shared:1 master:2 - nfs4 host:/export rw\n"
+            "42 41 8:2 / /mnt rw - xfs /dev/sda2 rw\n41 27 8:1 / /mnt rw - fuse /dev/sda1 rw\n"
+            "46 40 8:4 / /mnt/a\\040b\\134c/in rw - ext4 /dev/sdb rw\n"
+            "47 27 8:5 / /x/y rw - ext4 /dev/sdd rw\n48 27 8:6 / /x rw - fuseblk /dev/sde rw\n"
+            "43 27 0:43 / /dev/shm rw - tmpfs tmpfs rw\n44 27 0:44 / /devs rw - tmpfs tmp\\04 rw\n"
+            "45 27 8:3 / /cut rw - ext4 /dev/sdc\nbroken\n";
         const QTemporaryDir root;
         fill(root,
             {{"/proc/meminfo", "MemTotal:  24684092 kB\nMemFree: 1 kB\nMemAvailable:\t7 kB\n"},
                 {"/proc/self/status", "Name:\tx\nVmRSS:\t    2136 kB\nRssAnon:\t 144 kB\n"},
-                {"/proc/self/mountinfo",
-                    "22 27 0:21 / /proc rw - proc proc rw\n"
-                    "27 1 254:0 / / rw,relatime - ext4 /dev/vda rw\n"
-                    "39 41 0:39 / /mnt/hidden rw - nfs4 host:/x rw\n"
-                    "40 42 0:40 / /mnt/a\\040b\\134c rw shared:1 master:2 - nfs4 host:/export rw\n"
-                    "42 41 8:2 / /mnt rw - xfs /dev/sda2 rw\n"
-                    "41 27 8:1 / /mnt rw - fuse /dev/sda1 rw\n"
-                    "46 40 8:4 / /mnt/a\\040b\\134c/in rw - ext4 /dev/sdb rw\n"
-                    "47 27 8:5 / /x/y rw - ext4 /dev/sdd rw\n"
-                    "48 27 8:6 / /x rw - fuseblk /dev/sde rw\n"
-                    "43 27 0:43 / /dev/shm rw - tmpfs tmpfs rw\n"
-                    "44 27 0:44 / /device rw - tmpfs tmp\\04 rw\n"
-                    "45 27 8:3 / /cut rw - ext4 /dev/sdc\nbroken\n"}});
+                {"/proc/self/mountinfo", mounted}});
         const auto [total, available, processUse] = ProcFs::memory(root.path());
-        const QList<qint64> memory{total, available, processUse};
-        QCOMPARE(memory, QList<qint64>({25276510208, 7168, 2187264}));
+        QVERIFY(total == 25276510208 && available == 7168 && processUse == 2187264);
         QStringList listed;
         for (const auto &mount : ProcFs::storageMounts(ProcFs::mounts(root.path())))
             listed += mount.point + string(mount.isLocal ? " " : " far ") + mount.type + u' '
                 + mount.source;
         QCOMPARE(listed.join(u'\n'),
-            string("/ ext4 /dev/vda\n/device tmpfs tmp\\04\n/x fuseblk /dev/sde\n"
+            string("/ ext4 /dev/vda\n/devs tmpfs tmp\\04\n/x fuseblk /dev/sde\n"
                    "/mnt xfs /dev/sda2\n/mnt/a b\\c far nfs4 host:/export\n"
                    "/mnt/a b\\c/in far ext4 /dev/sdb"));
         QVERIFY(ProcFs::mounts(root.path() + string("/none")).isEmpty());
@@ -150,16 +145,15 @@ private Q_SLOTS:
     {
         const QTemporaryDir root;
         const QString top = QDir(root.path()).canonicalPath();
+        const QByteArray at = " 0:1 / " + top.toLatin1();
         fill(root,
             {{"/dir/f", ""}, {"/net/f", ""}, {"/net-but-not", ""}, {"/usb/f", ""}, {"/file", ""},
                 {"/relative", "->dir/../net/gone"}, {"/loop", "->loop"}, {"/usb/up", "->../dir"},
-                {"/absolute", "->" + top.toLatin1() + "/net/gone"}});
-        const QByteArray at = " 0:1 / " + top.toLatin1();
-        fill(root,
-            {{"/proc/self/mountinfo",
+                {"/absolute", "->" + top.toLatin1() + "/net/gone"},
                 // Nothing is listed for the root, as in a chroot.
-                "2 1" + at + "/net rw - fuse.x x rw\n3 1" + at + "/usb rw - vfat x rw\n4 2" + at
-                    + "/net/disk rw - xfs x rw\n"}});
+                {"/proc/self/mountinfo",
+                    "2 1" + at + "/net rw - fuse.x x rw\n3 1" + at + "/usb rw - vfat x rw\n4 2" + at
+                        + "/net/disk rw - xfs x rw\n"}});
         const QList<ProcFs::Mount> mounts = ProcFs::mounts(root.path());
         const File rows[] = {{"/dir", "/"}, {"/dir/none", ""}, {"/net", "/net"},
             {"/net/none/../../dir", "/net"}, {"/net-but-not", "/"}, {"/relative", "/net"},
@@ -222,13 +216,11 @@ private Q_SLOTS:
         const QTemporaryDir root;
         fill(root,
             {{"/dev/sda1", ""}, {"/dev/sdb1", ""}, {"/dev/sr0", ""}, {"/dev/cdrom", "->sr0"},
-                {"/sys/devices/a/sda/sda1/partition", "1\n"},
-                {"/sys/devices/a/sda/removable", "0\n"},
-                {"/sys/devices/b/sdb/sdb1/partition", "1\n"},
-                {"/sys/devices/b/sdb/removable", "1\n"}, {"/sys/devices/c/sr0/removable", "1\n"},
-                {"/sys/class/block/sda1", "->../../devices/a/sda/sda1"},
-                {"/sys/class/block/sdb1", "->../../devices/b/sdb/sdb1"},
-                {"/sys/class/block/sr0", "->../../devices/c/sr0"}});
+                {"/sys/a/sda/sda1/partition", "1\n"}, {"/sys/a/sda/removable", "0\n"},
+                {"/sys/b/sdb/sdb1/partition", "1\n"}, {"/sys/b/sdb/removable", "1\n"},
+                {"/sys/c/sr0/removable", "1\n"}, {"/sys/class/block/sda1", "->../../a/sda/sda1"},
+                {"/sys/class/block/sdb1", "->../../b/sdb/sdb1"},
+                {"/sys/class/block/sr0", "->../../c/sr0"}});
         for (const auto &[device, drive] :
             {File("/dev/sdb1", "/dev/sdb"), File("/dev/cdrom", "/dev/sr0"), File("/dev/sda1", ""),
                 File("/dev/none", ""), File("tmpfs", ""), File("", ""), File("host:/x", "")})
