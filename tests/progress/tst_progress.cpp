@@ -65,7 +65,11 @@ struct Graph
         std::shuffle(links.begin(), links.end(), random);
         values = before;
         calls = 5000;
-        set(at, value);
+        // As deep as that is, under the sanitizers.
+        const std::unique_ptr<QThread> deep(QThread::create([&] { set(at, value); }));
+        deep->setStackSize(1U << 28);
+        deep->start();
+        deep->wait();
         return calls > 0 ? values : Values();
     }
     void set(const QObject *at, int value)
