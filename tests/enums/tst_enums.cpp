@@ -175,8 +175,10 @@ private Q_SLOTS:
                 times(3, [] { TavexApplication::init(QLocale(QLocale::German)); }), [&] {
                     look(fruits.keys(), BinaryUnit_TR::instance().etr(string("KiB")),
                         OperatingSystemType_TR::instance().etr(string("Linux")),
-                        SEnumRuntimeLoader::loader(string("Bool")),
-                        SClassName::displayName(string("SMetaInt8")));
+                        SEnumRuntimeLoader::loader(string("Bool")));
+                    // MinGW destroys what Qt's expressions keep for a thread after freeing it.
+                    if (!SSysInfo::isWindows())
+                        look(SClassName::displayName(string("SMetaInt8")));
                 });
         }
         QCOMPARE(mixed, 0);

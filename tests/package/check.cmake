@@ -55,7 +55,7 @@ if(TOOLCHAIN_FILE)
     file(WRITE ${WORK_DIR}/files/größe 123456789)
     execute_process(COMMAND ${EMULATOR} ${WORK_DIR}/inventory/inventory.exe --lang de ${WORK_DIR}/files
         OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
-    if(NOT output MATCHES "9 Byte  0376e6e7 .* größe")
+    if(NOT output MATCHES "9 B  0376e6e7 .* größe")
         message(FATAL_ERROR "${output}")
     endif()
     return()
