@@ -3,6 +3,7 @@
 #include <QVarLengthArray>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace Quorvex::Interfaces {
@@ -183,7 +184,8 @@ void IProgress::Change::push(
     std::unique_ptr<Peers> peers;
     if (task == CallPeers) {
         const bool isAbort = kind == Abort;
-        peers.reset(new Peers{isAbort ? reporter->m_abortPeers : reporter->m_progressPeers, {}});
+        peers = std::make_unique<Peers>(
+            Peers{isAbort ? reporter->m_abortPeers : reporter->m_progressPeers, {}});
         peers->next = std::as_const(peers->all).cbegin();
     }
     reporter->m_lock->lock();
