@@ -67,7 +67,7 @@ struct Graph
         calls = 5000;
         // As deep as that is, under the sanitizers.
         const std::unique_ptr<QThread> deep(QThread::create([&] { set(at, value); }));
-        deep->setStackSize(1U << 28);
+        deep->setStackSize(1U << 26);
         deep->start();
         deep->wait();
         return calls > 0 ? values : Values();
