@@ -265,8 +265,9 @@ private Q_SLOTS:
                 {static_cast<IProgress *>(&before), static_cast<IProgress *>(pool.data()),
                     static_cast<IProgress *>(pool->at(2)), static_cast<IProgress *>(&after)})
                 IProgress::link(&peer, other);
-            connect(pool, &SProgressPool::reportProgress, [pool] { delete pool; });
-            connect(pool, &SProgressPool::aborting, [pool] { delete pool; });
+            const auto deletePool = [own = pool.data()] { delete own; };
+            connect(pool, &SProgressPool::reportProgress, deletePool);
+            connect(pool, &SProgressPool::aborting, deletePool);
             call(pool, &peer);
             QVERIFY(!pool);
             QCOMPARE(peer.progressPeers(), (QSet<IProgress *>{&before, &after}));
