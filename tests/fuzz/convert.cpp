@@ -50,7 +50,8 @@ void roundTrips(Input &input, const QLocale &locale)
     readsBack(real, SConvert::toDouble, locale);
     readsBack(single, SConvert::toSingle, locale);
     // Of a size that people write, too.
-    readsBack(std::ldexp(real, -std::ilogb(real) + base), SConvert::toDouble, locale);
+    if (std::isfinite(real) && real != 0)
+        readsBack(std::ldexp(real, base - std::ilogb(real)), SConvert::toDouble, locale);
     const double second = single;
     if (std::isfinite(real) && std::isfinite(second)) {
         check(SPointF::fromString(SPointF(real, second).toString(locale), locale)
