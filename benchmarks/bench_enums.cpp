@@ -83,8 +83,7 @@ void converters(const Bench::Topic &topic)
         return qtKey(*static_cast<const QtPeer::Enums::BinaryUnit *>(unit.qt.constData()));
     };
 
-    // The table that one thread could have to itself: what is more than that pays for other
-    // threads.
+    // The same table without a lock: the difference is the price of being thread-safe.
     QHash<int, SVariantConvert::Converter> table;
     for (int id = QMetaType::User + 1; QMetaType::isRegistered(id); ++id) {
         if (const auto converter = SVariantConvert::sVariantToStringFunction(id))

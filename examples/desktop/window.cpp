@@ -187,7 +187,7 @@ void Window::addFiles(const QStringList &paths)
             row->update();
             updateSummary();
         });
-        // One that no thread has begun has only to say so.
+        // A task that still waits for a thread ends here: run() finds it aborted.
         connect(task, &Task::aborting, this, [this, task] {
             if (m_threads.tryTake(task))
                 task->run();

@@ -105,7 +105,8 @@ public:
         : m_locale(locale)
         , m_cachedWidth(qMax(displayWidth(tr("Cached")), displayWidth(tr("yes"))))
     {
-        // A path is only cut by ten characters or more, and three dots take their place.
+        // A shortened path loses at least ten characters and gains three dots, so a path that
+        // exceeds its column by fewer is left whole.
         constexpr int Tolerance = 9;
         const int other = SizeWidth + CrcWidth + int(m_cachedWidth) + 6;
         if (terminalWidth)

@@ -51,7 +51,7 @@ qsizetype displayWidth(const QString &text)
 
 void ProgressBar::draw(const Examination &work)
 {
-    // What is over in a moment needs no bar, which would only flicker.
+    // For work that ends at once a bar would only flicker.
     constexpr qint64 Patience = 500;
     const qint64 elapsed = m_clock.elapsed();
     if (!m_width || elapsed < Patience)
