@@ -22,7 +22,7 @@ namespace {
 QStringList featureNames()
 {
     QStringList names;
-    for (const auto &row : CpuFeatureFlags_T::rows) {
+    for (const auto &row : CpuFeatureFlags_T::rows()) {
         if (testAnyFlag(SCpuInfo::features(), row.value))
             names.append(QString::fromUtf16(row.key));
     }
@@ -32,7 +32,7 @@ QStringList featureNames()
 QList<SystemFact> folders()
 {
     QList<SystemFact> result;
-    for (const auto &row : SpecialFolder_T::rows) {
+    for (const auto &row : SpecialFolder_T::rows()) {
         const QString path = SEnvironment::getFolder(row.value, true);
         const QString name = SpecialFolder_T::instance().toString(row.value);
         if (!path.isEmpty() && name == QString::fromUtf16(row.key))

@@ -15,19 +15,17 @@ QString printed(E value, const QLocale &locale = QLocale::c())
     return converter ? converter(variant, string("ignored"), locale) : string("no converter");
 }
 
-enum class Fruit : quint8 { Apple, Pear = 200 };
+/// An application's own enumeration.
+#define FRUIT_KEYS(KEY) KEY(Apple, 0) KEY(Pear, 200)
+TAVEX_ENUM(Fruit, quint8, FRUIT_KEYS);
 
-/// An application's own key table.
-struct Fruit_T : SEnumBase<Fruit>
+/// A table that nobody has read yet.
+struct Fruits : SEnumBase<Fruit>
 {
-    Fruit_T()
-        : SEnumBase(rows)
+    Fruits()
+        : SEnumBase(Fruit_T::instance().name(), Fruit_T::rows())
     {
-        loadRuntimeKeys();
     }
-    [[nodiscard]] QString name() const override { return string("Fruit"); }
-    [[nodiscard]] bool isFlagSet() const override { return false; }
-    static constexpr SEnumKey<Fruit> rows[] = {{Fruit::Apple, u"Apple"}, {Fruit::Pear, u"Pear"}};
 };
 
 /// Borrows the catalogues of Bool under an object of its own.
@@ -146,7 +144,7 @@ private Q_SLOTS:
     {
         std::atomic<int> mixed = 0;
         for (int round = 0; round < 20; ++round) {
-            const Fruit_T fruits;
+            const Fruits fruits;
             Translator shared;
             const auto times = [](int n, auto function) {
                 return [=] {
@@ -218,7 +216,7 @@ private Q_SLOTS:
         QCOMPARE(Bool_T::instance().keys().join(u' '), string("False True"));
         QCOMPARE(Bool_TR::instance().keys(), Bool_T::instance().keys());
         QCOMPARE(Bool_TR::instance().headerPath(), string("enums/bool"));
-        QVERIFY(MetadataFlags_T::instance().isFlagSet() && !Bool_T::instance().isFlagSet());
+        QVERIFY(MetadataFlags_T::instance().isFlags() && !Bool_T::instance().isFlags());
         const QStringList folders = SpecialFolder_T::instance().keys();
         QCOMPARE(folders.size(), 23);
         QVERIFY(folders.join(u' ').contains(string(" AppDataLocation AppLocalDataLocation ")));
@@ -231,7 +229,7 @@ private Q_SLOTS:
             SEnumRuntimeLoader::loaderRegister(one);
         QVERIFY(SEnumRuntimeLoader::loader(string("Fruit")) == loader);
         QVERIFY(!SEnumRuntimeLoader::loader(string("fruit")));
-        const Fruit_T table;
+        const Fruits table;
         QCOMPARE(table.toString(Fruit::Pear) + table.toString(Fruit(7)), string("PearPlum"));
         QCOMPARE(table.keys().constLast(), string("Plum"));
 

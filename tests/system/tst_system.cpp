@@ -45,7 +45,7 @@ private Q_SLOTS:
         const QHash<QString, QByteArray> otherNames{
             {string("SSE3"), "PNI"}, {string("LZCNT"), "ABM"}, {string("SHA"), "SHANI"}};
         F expected{};
-        for (const auto &row : CpuFeatureFlags_T::rows) {
+        for (const auto &row : CpuFeatureFlags_T::rows()) {
             const QString key = QString::fromUtf16(row.key).remove(u'_');
             if (flags.contains(otherNames.value(key, key.toLatin1())))
                 expected |= row.value;

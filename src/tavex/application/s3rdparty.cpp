@@ -1,7 +1,7 @@
 #include <tavex/application/s3rdparty.h>
 
 #include <tavex/convert/sconvert.h>
-#include <tavex/core/lasting_p.h>
+#include <tavex/core/startup_p.h>
 
 #include <QCoreApplication>
 #include <QFile>

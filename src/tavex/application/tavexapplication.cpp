@@ -3,8 +3,9 @@
 #include <tavex/application/senvironment.h>
 #include <tavex/convert/slocale.h>
 #include <tavex/core/defaultlocale_p.h>
-#include <tavex/core/lasting_p.h>
 #include <tavex/core/spointer.h>
+#include <tavex/core/startup_p.h>
+#include <tavex/enums/enumtranslators_p.h>
 
 #include <QCoreApplication>
 #include <QDate>
@@ -40,10 +41,7 @@ Identity &identity()
 /// wait for a loader, which might wait for it.
 struct Registration
 {
-    // Made first, it is there when the last translator leaves the registration.
-    std::recursive_mutex &load = loadLock();
     std::mutex mutex;
-    QList<SEnumTranslatorBase *> enumTranslators;
     QStringList catalogues;
     SPointerList<QTranslator> translators;
 };
@@ -55,21 +53,19 @@ QString unifiedSeparators(QString path)
     return path.replace(QDir::separator(), QLatin1Char('/'));
 }
 
-QString catalogueFile(const QString &name, const QLocale &locale)
-{
-    return name + QLatin1Char('_') + SLocale::name(locale);
-}
-
-/// Loads the catalogue \a file into \a translator from the first of \a folders that has it.
-bool loadFrom(QTranslator &translator, const QString &file, const QStringList &folders)
-{
-    if (file.contains(QChar::Null))
-        return false;
-    return std::ranges::any_of(folders,
-        [&](const QString &folder) { return !folder.isEmpty() && translator.load(file, folder); });
-}
-
 } // namespace
+
+bool loadCatalogue(
+    QTranslator &translator, const QString &name, const QLocale &locale, const QStringList &folders)
+{
+    const QString file = name + QLatin1Char('_') + SLocale::name(locale);
+    const auto isLoaded = [&](const QString &folder) {
+        // Qt logs a name that no folder can have.
+        return !folder.isEmpty() && !(folder + file).contains(QChar::Null)
+            && translator.load(file, folder);
+    };
+    return std::ranges::any_of(folders, isLoaded);
+}
 
 void TavexApplication::infoRegister(const QString &applicationName, const QString &organizationName,
     const QString &applicationVersion, const QString &build, const QString &commit)
@@ -171,25 +167,13 @@ QString TavexApplication::flagIconName(const QLocale &locale)
 
 void TavexApplication::init(const QLocale &locale)
 {
-    Registration &r = registration.get();
-    const std::scoped_lock loading(r.load);
+    const std::scoped_lock loading(loadLock());
     keepDefaultLocaleAtExit();
     keepDefaultLocale();
     QLocale::setDefault(locale);
+    EnumTranslators::loadAll(locale);
 
-    // Translators come and go while others load.
-    QSet<SEnumTranslatorBase *> loaded;
-    const auto next = [&]() -> SEnumTranslatorBase * {
-        const std::scoped_lock lock(r.mutex);
-        const auto found = std::ranges::find_if_not(
-            r.enumTranslators, [&](auto *translator) { return loaded.contains(translator); });
-        return found == r.enumTranslators.end() ? nullptr : *found;
-    };
-    while (SEnumTranslatorBase *const translator = next()) {
-        loaded.insert(translator);
-        translator->load(locale, catalogueFolder());
-    }
-
+    Registration &r = registration.get();
     std::vector<std::unique_ptr<QTranslator>> made;
     const auto make = [&made] { return made.emplace_back(std::make_unique<QTranslator>()).get(); };
     for (const QString &name : qtTranslatorNames())
@@ -214,37 +198,13 @@ void TavexApplication::translationRegister(const QString &name)
 
 void TavexApplication::translationRegister(SEnumTranslatorBase *translator)
 {
-    if (!translator)
-        return;
-    Registration &r = registration.get();
-    const QString name = translator->name();
-    {
-        const std::scoped_lock lock(r.mutex);
-        if (r.enumTranslators.contains(translator))
-            return;
-        translator->setRegistered(name);
-        r.enumTranslators.append(translator);
-    }
-    translator->loadFirst(SEnumTranslatorBase::FirstLoad::UnlessBusy);
-}
-
-void TavexApplication::translationUnregister(SEnumTranslatorBase *translator)
-{
-    Registration *const r = registration.peek();
-    if (!r)
-        return; // The library is being unloaded.
-    const std::scoped_lock lock(r->load, r->mutex);
-    r->enumTranslators.removeOne(translator);
-}
-
-QString TavexApplication::catalogueFolder()
-{
-    return QStringLiteral(":/translations");
+    if (translator)
+        EnumTranslators::add(translator);
 }
 
 QStringList TavexApplication::translationPaths()
 {
-    QStringList folders{QStringLiteral(":/"), catalogueFolder()};
+    QStringList folders{QStringLiteral(":/"), EnumTranslators::folder()};
     const QString folder = applicationFolder();
     if (!folder.isEmpty())
         folders = QStringList{folder, folder + QStringLiteral("/translations")} + folders;
@@ -255,7 +215,7 @@ bool TavexApplication::translationLoad(
     QTranslator *translator, const QString &name, const QLocale &locale)
 {
     return translator && !name.isEmpty()
-        && loadFrom(*translator, catalogueFile(name, locale), translationPaths());
+        && loadCatalogue(*translator, name, locale, translationPaths());
 }
 
 bool TavexApplication::qtTranslationLoad(
@@ -264,7 +224,7 @@ bool TavexApplication::qtTranslationLoad(
     if (!translator)
         return false;
     const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    return loadFrom(*translator, catalogueFile(name, locale), {folder})
+    return loadCatalogue(*translator, name, locale, {folder})
         || translationLoad(translator, name, locale);
 }
 
@@ -282,7 +242,7 @@ QList<QLocale::Language> TavexApplication::translationList(const QString &name)
         const QLocale locale(QLocale::Language(value), QLocale::AnyScript, QLocale::AnyTerritory);
         // Languages that Qt has no data for come back as another one.
         if (!languages.contains(locale.language())
-            && loadFrom(translator, catalogueFile(name, locale), folders))
+            && loadCatalogue(translator, name, locale, folders))
             languages.insert(locale.language());
     }
     return languages.values();

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <tavex/application/senumtranslatorbase.h>
 #include <tavex/core/export.h>
+#include <tavex/enums/senumtranslatorbase.h>
 
 #include <QList>
 #include <QLocale>
@@ -123,11 +123,6 @@ public:
     /// has ended. To be called on the application's thread, but not by a slot of aboutToQuit(),
     /// where restart() does it; without an application nothing happens.
     static void reboot(int exitCode = 0);
-
-private:
-    friend SEnumTranslatorBase;
-    static void translationUnregister(SEnumTranslatorBase *translator);
-    static QString catalogueFolder();
 };
 
 } // namespace Quorvex

@@ -106,7 +106,7 @@ public:
     {
         T best = value;
         BinaryUnit bestUnit = unit;
-        for (const SEnumKey<BinaryUnit> &row : BinaryUnit_T::rows) {
+        for (const SEnumKey<BinaryUnit> &row : BinaryUnit_T::rows()) {
             const T candidate = convert(value, unit, row.value);
             if (candidate > T(1) && candidate < best) {
                 best = candidate;

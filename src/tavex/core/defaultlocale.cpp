@@ -1,9 +1,11 @@
 #include <tavex/core/defaultlocale_p.h>
 
-#include <tavex/core/lasting_p.h>
+#include <tavex/core/startup_p.h>
 
 #include <QList>
 #include <QLocale>
+
+#include <mutex>
 
 namespace Quorvex {
 

@@ -1,5 +1,5 @@
-#include <tavex/core/lasting_p.h>
 #include <tavex/core/listtype_p.h>
+#include <tavex/core/startup_p.h>
 
 #include <mutex>
 #include <vector>

@@ -1,6 +1,6 @@
 #include <tavex/core/sclassname.h>
 
-#include <tavex/core/lasting_p.h>
+#include <tavex/core/startup_p.h>
 
 #include <QRegularExpression>
 #include <QStringList>

@@ -1,10 +1,20 @@
 #pragma once
 
 #include <tavex/enums/isenum.h>
+#include <tavex/enums/sflags.h>
 
 #include <span>
 #include <string>
 #include <type_traits>
+
+/// \file
+/// How an enumeration is declared: once, as a table of keys and values.
+///
+///     #define BOOL_KEYS(KEY) KEY(False, 0) KEY(True, 1)
+///     TAVEX_ENUM(Bool, bool, BOOL_KEYS);
+///
+/// declares the enumeration Bool and its key table Bool_T. A set of flags is declared as such
+/// first, see Quorvex::isFlags.
 
 namespace Quorvex {
 
@@ -18,9 +28,6 @@ struct SEnumKey
 };
 
 /// The key table of the enumeration \a E, whose underlying type is \a U.
-///
-/// An application makes one for its own enumeration by deriving from this class, handing its rows
-/// to the constructor and calling loadRuntimeKeys() in its own.
 template <typename E, typename U = std::underlying_type_t<E>>
 class SEnumBase : public ISEnum
 {
@@ -29,6 +36,8 @@ class SEnumBase : public ISEnum
 public:
     /// The enumeration.
     using Enum = E;
+
+    [[nodiscard]] bool isFlags() const override { return SFlags<E>; }
 
     /// The key of \a value; of several keys, the last. A value without a key gives its number in
     /// decimal, as \a locale writes it. Keys are never translated; that is what SEnumTranslatorBase
@@ -42,8 +51,9 @@ public:
     [[nodiscard]] virtual QStringList keys() const { return allKeys(); }
 
 protected:
-    /// Takes the rows of the table in the order of the enumerators.
-    explicit SEnumBase(std::span<const SEnumKey<E>> rows)
+    /// The table of the enumeration \a name, with \a rows in the order of the enumerators.
+    SEnumBase(const QString &name, std::span<const SEnumKey<E>> rows)
+        : ISEnum(name)
     {
         for (const SEnumKey<E> &row : rows)
             addKey(number(row.value), staticText(row.key));
@@ -61,3 +71,76 @@ private:
 };
 
 } // namespace Quorvex
+
+/// One row of a table for TAVEX_ENUM().
+/// @{
+#define TAVEX_ENUMERATOR(Key, Value) Key = (Value),
+#define TAVEX_ENUM_ROW(Key, Value) {Enum::Key, u"" #Key},
+/// @}
+
+/// The body of Name_T::rows().
+#define TAVEX_ENUM_ROWS(Name, KEYS)                                                                \
+    static constexpr Quorvex::SEnumKey<Name> rows[] = {KEYS(TAVEX_ENUM_ROW)};                      \
+    return rows;
+
+/// Declares the enumeration Name and its key table from the table KEYS; followed by a semicolon.
+/// There is nothing else to define. Each module that uses the enumeration has a key table of its
+/// own.
+#define TAVEX_ENUM(Name, Underlying, KEYS)                                                         \
+    enum class Name : Underlying { KEYS(TAVEX_ENUMERATOR) };                                       \
+    /** The table of the Name keys. */                                                             \
+    class Name##_T final : public Quorvex::SEnumBase<Name, Underlying>                             \
+    {                                                                                              \
+    public:                                                                                        \
+        /** The one table, made at first use. */                                                   \
+        [[nodiscard]] static const Name##_T &instance()                                            \
+        {                                                                                          \
+            static const Name##_T table;                                                           \
+            return table;                                                                          \
+        }                                                                                          \
+        /** All values with their keys, in the order of declaration. */                            \
+        [[nodiscard]] static std::span<const Quorvex::SEnumKey<Name>> rows() noexcept              \
+        {                                                                                          \
+            TAVEX_ENUM_ROWS(Name, KEYS)                                                            \
+        }                                                                                          \
+                                                                                                   \
+    private:                                                                                       \
+        Name##_T()                                                                                 \
+            : SEnumBase(QStringLiteral(#Name), rows())                                             \
+        {                                                                                          \
+        }                                                                                          \
+    }
+
+/// The same for a shared library whose enumeration may get more keys without its users being built
+/// anew: the table lies in the library, whose export macro is EXPORT. One source of the library
+/// defines it with TAVEX_ENUM_DEFINITION().
+#define TAVEX_EXPORTED_ENUM(EXPORT, Name, Underlying, KEYS)                                        \
+    enum class Name : Underlying { KEYS(TAVEX_ENUMERATOR) };                                       \
+    /** The table of the Name keys. */                                                             \
+    class EXPORT Name##_T final : public Quorvex::SEnumBase<Name, Underlying>                      \
+    {                                                                                              \
+    public:                                                                                        \
+        /** The one table, made at first use. */                                                   \
+        [[nodiscard]] static const Name##_T &instance();                                           \
+        /** All values with their keys, in the order of declaration. */                            \
+        [[nodiscard]] static std::span<const Quorvex::SEnumKey<Name>> rows() noexcept;             \
+                                                                                                   \
+    private:                                                                                       \
+        Name##_T();                                                                                \
+    }
+
+/// Defines what TAVEX_EXPORTED_ENUM() declares; in the namespace of the enumeration.
+#define TAVEX_ENUM_DEFINITION(Name, KEYS)                                                          \
+    Name##_T::Name##_T()                                                                           \
+        : SEnumBase(QStringLiteral(#Name), rows())                                                 \
+    {                                                                                              \
+    }                                                                                              \
+    const Name##_T &Name##_T::instance()                                                           \
+    {                                                                                              \
+        static const Name##_T table;                                                               \
+        return table;                                                                              \
+    }                                                                                              \
+    std::span<const Quorvex::SEnumKey<Name>> Name##_T::rows() noexcept                             \
+    {                                                                                              \
+        TAVEX_ENUM_ROWS(Name, KEYS)                                                                \
+    }

@@ -6,7 +6,6 @@
 #include <QSysInfo>
 
 #include <algorithm>
-#include <iterator>
 
 namespace Quorvex {
 namespace {
@@ -27,9 +26,10 @@ constexpr quint32 plainValue(OperatingSystem os)
 /// The first key of the value, or nothing: of aliases, the first is the current name.
 QString keyOf(quint32 value)
 {
-    const auto *const row = std::ranges::find(OperatingSystem_T::rows,
-        static_cast<OperatingSystem>(value), &SEnumKey<OperatingSystem>::value);
-    return row == std::end(OperatingSystem_T::rows) ? QString() : QString::fromUtf16(row->key);
+    const auto rows = OperatingSystem_T::rows();
+    const auto row = std::ranges::find(
+        rows, static_cast<OperatingSystem>(value), &SEnumKey<OperatingSystem>::value);
+    return row == rows.end() ? QString() : QString::fromUtf16(row->key);
 }
 
 bool runningWindowsHas(quint32 mask)

@@ -1,6 +1,6 @@
-#include <tavex/application/senumruntimeloader.h>
+#include <tavex/enums/senumruntimeloader.h>
 
-#include <tavex/core/lasting_p.h>
+#include <tavex/core/startup_p.h>
 
 #include <QList>
 

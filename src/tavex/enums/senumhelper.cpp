@@ -1,4 +1,4 @@
-#include <tavex/application/senumhelper.h>
+#include <tavex/enums/senumhelper.h>
 
 #include <tavex/core/device_p.h>
 

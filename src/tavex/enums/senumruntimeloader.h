@@ -1,8 +1,8 @@
 #pragma once
 
-#include <tavex/application/isenumruntimeloader.h>
 #include <tavex/core/export.h>
 #include <tavex/core/spointer.h>
+#include <tavex/enums/isenumruntimeloader.h>
 
 namespace Quorvex {
 

@@ -1,17 +1,19 @@
-#include <tavex/application/senumtranslatorbase.h>
+#include <tavex/enums/senumtranslatorbase.h>
 
-#include <tavex/application/senumruntimeloader.h>
-#include <tavex/application/tavexapplication.h>
-#include <tavex/convert/slocale.h>
-#include <tavex/core/lasting_p.h>
+#include <tavex/core/startup_p.h>
+#include <tavex/enums/enumtranslators_p.h>
+#include <tavex/enums/senumruntimeloader.h>
 
 #include <QByteArray>
 #include <QHash>
 #include <QScopeGuard>
+#include <QSet>
 #include <QTranslator>
 #include <QVarLengthArray>
 
 #include <algorithm>
+#include <atomic>
+#include <mutex>
 #include <optional>
 #include <shared_mutex>
 #include <thread>
@@ -78,14 +80,10 @@ private:
 /// A catalogue, or none.
 using Catalogue = std::shared_ptr<const QTranslator>;
 
-Catalogue loadCatalogue(const QString &name, const QLocale &locale, const QString &folder)
+Catalogue catalogue(const QString &name, const QLocale &locale, const QString &folder)
 {
     auto catalogue = std::make_shared<QTranslator>();
-    // Qt logs a name that no folder can have.
-    if (folder.contains(QChar::Null)
-        || !catalogue->load(name + QLatin1Char('_') + SLocale::name(locale), folder))
-        return {};
-    return catalogue;
+    return loadCatalogue(*catalogue, name, locale, {folder}) ? catalogue : Catalogue();
 }
 
 struct Words
@@ -142,30 +140,32 @@ struct Words
 
 struct SEnumTranslatorBase::Private
 {
+    SEnumTranslatorBase *const translator;
+
     enum State : quint8 { NotRegistered, NotLoaded, Ready };
     std::atomic<State> state = NotRegistered;
 
     // Set before it is registered.
-    QString name;
-    QByteArray context;
+    QString name = {};
+    QByteArray context = {};
 
     bool isLoading = false; ///< Under loadLock().
 
     // Under wordsLock.
-    Words words;
-    std::optional<Words> draft; ///< What a runtime loader adds to; made under loadLock(), too.
-    std::thread::id loader;
+    Words words = {};
+    std::optional<Words> draft = {}; ///< What a runtime loader adds to; made under loadLock(), too.
+    std::thread::id loader = {};
 
     [[nodiscard]] bool isLoader() const { return draft && loader == std::this_thread::get_id(); }
 
     /// Calls \a function with the words of now and their context.
     template <typename Function>
-    [[nodiscard]] auto lookUp(const SEnumTranslatorBase &translator, Function function) const
+    [[nodiscard]] auto lookUp(Function function) const
     {
-        translator.loadFirst(FirstLoad::Now);
+        loadFirst();
         QByteArray own;
         if (state == NotRegistered)
-            own = translator.name().toLatin1();
+            own = translator->name().toLatin1();
         const char *const source = own.isNull() ? context.constData() : own.constData();
         const std::shared_lock lock(wordsLock.get());
         return function(isLoader() ? *draft : words, source);
@@ -174,17 +174,27 @@ struct SEnumTranslatorBase::Private
     /// Changes the words of now. What another thread is loading is changed as well, or the change
     /// would be lost with the words of before.
     template <typename Function>
-    bool change(const SEnumTranslatorBase &translator, Function function)
+    bool change(Function function)
     {
         const auto isBeingLoaded = [this] {
             const std::shared_lock lock(wordsLock.get());
             return draft.has_value();
         };
         if (!isBeingLoaded())
-            translator.loadFirst(FirstLoad::Now);
+            loadFirst();
         const std::scoped_lock lock(wordsLock.get());
         const bool result = draft && function(*draft);
         return isLoader() ? result : function(words);
+    }
+
+    /// Loads a registered translator that nobody has loaded yet.
+    void loadFirst() const
+    {
+        if (state.load(std::memory_order_acquire) != NotLoaded)
+            return;
+        const std::scoped_lock lock(loadLock());
+        if (state == NotLoaded && !isLoading)
+            translator->load(QLocale(), EnumTranslators::folder());
     }
 
     void beginLoad()
@@ -210,36 +220,14 @@ struct SEnumTranslatorBase::Private
 };
 
 SEnumTranslatorBase::SEnumTranslatorBase()
-    : d(std::make_unique<Private>())
+    : d(new Private{this})
 {
 }
 
 SEnumTranslatorBase::~SEnumTranslatorBase()
 {
     if (d->state != Private::NotRegistered)
-        TavexApplication::translationUnregister(this);
-}
-
-void SEnumTranslatorBase::setRegistered(const QString &name)
-{
-    d->name = name;
-    d->context = name.toLatin1();
-    d->state = Private::NotLoaded;
-}
-
-void SEnumTranslatorBase::loadFirst(FirstLoad load) const
-{
-    if (d->state.load(std::memory_order_acquire) != Private::NotLoaded)
-        return;
-    std::unique_lock lock(loadLock(), std::defer_lock);
-    if (load == FirstLoad::Now)
-        lock.lock();
-    else if (!lock.try_lock())
-        return;
-    if (d->state == Private::NotLoaded && !d->isLoading) {
-        const_cast<SEnumTranslatorBase *>(this)->load(
-            QLocale(), TavexApplication::catalogueFolder());
-    }
+        EnumTranslators::remove(this);
 }
 
 bool SEnumTranslatorBase::load(const QLocale &locale, const QString &folder)
@@ -268,9 +256,9 @@ bool SEnumTranslatorBase::_load(const QString &name, const QLocale &locale, cons
     const QLocale english(QStringLiteral("en"));
     const bool isEnglish = locale == english;
     Words loaded;
-    loaded.language = loadCatalogue(name, locale, folder);
+    loaded.language = catalogue(name, locale, folder);
     if (!isEnglish)
-        loaded.english = loadCatalogue(name, english, folder);
+        loaded.english = catalogue(name, english, folder);
     const bool isComplete = loaded.language && (isEnglish || loaded.english);
     {
         const std::scoped_lock change(wordsLock.get());
@@ -284,7 +272,7 @@ bool SEnumTranslatorBase::_load(const QString &name, const QLocale &locale, cons
 
 QString SEnumTranslatorBase::etr(const QString &text, const EnumTranslationOptions &options) const
 {
-    return d->lookUp(*this, [&](const Words &words, const char *context) {
+    return d->lookUp([&](const Words &words, const char *context) {
         return words.translateAll(context, text, options);
     });
 }
@@ -292,7 +280,7 @@ QString SEnumTranslatorBase::etr(const QString &text, const EnumTranslationOptio
 QStringList SEnumTranslatorBase::etr(
     const QStringList &texts, const EnumTranslationOptions &options) const
 {
-    return d->lookUp(*this, [&](const Words &words, const char *context) {
+    return d->lookUp([&](const Words &words, const char *context) {
         QStringList result;
         result.reserve(texts.size());
         for (const QString &text : texts)
@@ -303,7 +291,7 @@ QStringList SEnumTranslatorBase::etr(
 
 bool SEnumTranslatorBase::contains(const QString &key, const EnumTranslationOptions &options) const
 {
-    return d->lookUp(*this, [&](const Words &words, const char *context) {
+    return d->lookUp([&](const Words &words, const char *context) {
         const auto all = options | EnumTranslationOptions::NoKeyFallback;
         return !words.translate(context, key, all).isEmpty();
     });
@@ -312,7 +300,7 @@ bool SEnumTranslatorBase::contains(const QString &key, const EnumTranslationOpti
 void SEnumTranslatorBase::insert(
     const QString &key, const QString &text, const QString &fallbackText)
 {
-    d->change(*this, [&](Words &words) {
+    d->change([&](Words &words) {
         words.runtimeTexts.insert(key, {text, fallbackText});
         return true;
     });
@@ -320,7 +308,7 @@ void SEnumTranslatorBase::insert(
 
 bool SEnumTranslatorBase::remove(const QString &key)
 {
-    return d->change(*this, [&](Words &words) { return words.runtimeTexts.remove(key); });
+    return d->change([&](Words &words) { return words.runtimeTexts.remove(key); });
 }
 
 QString SEnumTranslatorBase::translateStringFormat() const
@@ -337,7 +325,73 @@ bool SEnumTranslatorBase::useTranslation(const QString &text, const QLocale &loc
 void SEnumTranslatorBase::translationRegister()
 {
     if (d->state.load(std::memory_order_acquire) == Private::NotRegistered)
-        TavexApplication::translationRegister(this);
+        EnumTranslators::add(this);
+}
+
+namespace {
+
+/// Nothing is loaded under its mutex: who registers does not wait for a loader, which might wait
+/// for them.
+struct Registry
+{
+    // Made first, it is there when the last translator leaves the registry.
+    std::recursive_mutex &load = loadLock();
+    std::mutex mutex;
+    QList<SEnumTranslatorBase *> translators;
+};
+
+constinit Lasting<Registry> registry;
+
+} // namespace
+
+std::recursive_mutex &loadLock()
+{
+    static constinit Lasting<std::recursive_mutex> lock;
+    return lock.get();
+}
+
+void EnumTranslators::add(SEnumTranslatorBase *translator)
+{
+    Registry &r = registry.get();
+    SEnumTranslatorBase::Private &d = *translator->d;
+    const QString name = translator->name();
+    {
+        const std::scoped_lock lock(r.mutex);
+        if (r.translators.contains(translator))
+            return;
+        d.name = name;
+        d.context = name.toLatin1();
+        d.state = SEnumTranslatorBase::Private::NotLoaded;
+        r.translators.append(translator);
+    }
+    const std::unique_lock lock(r.load, std::try_to_lock);
+    if (lock)
+        d.loadFirst();
+}
+
+void EnumTranslators::remove(SEnumTranslatorBase *translator)
+{
+    Registry *const r = registry.peek();
+    if (!r)
+        return; // The library is being unloaded.
+    const std::scoped_lock lock(r->load, r->mutex);
+    r->translators.removeOne(translator);
+}
+
+void EnumTranslators::loadAll(const QLocale &locale)
+{
+    Registry &r = registry.get();
+    QSet<SEnumTranslatorBase *> loaded;
+    const auto next = [&]() -> SEnumTranslatorBase * {
+        const std::scoped_lock lock(r.mutex);
+        const auto found = std::ranges::find_if_not(
+            r.translators, [&](auto *translator) { return loaded.contains(translator); });
+        return found == r.translators.end() ? nullptr : *found;
+    };
+    while (SEnumTranslatorBase *const translator = next()) {
+        loaded.insert(translator);
+        translator->load(locale, folder());
+    }
 }
 
 } // namespace Quorvex

@@ -80,29 +80,55 @@ protected:
     void translationRegister();
 
 private:
-    friend class TavexApplication;
+    friend class EnumTranslators;
     struct Private;
-    enum class FirstLoad : quint8 { Now, UnlessBusy };
-
-    void setRegistered(const QString &name);
-    void loadFirst(FirstLoad load) const;
-
     const std::unique_ptr<Private> d;
+};
+
+/// The translator of the enumeration whose key table is \a Table.
+template <typename Table>
+class SEnumTranslator : public SEnumTranslatorBase
+{
+public:
+    [[nodiscard]] QString name() const override { return Table::instance().name(); }
+    [[nodiscard]] QStringList keys() const override { return Table::instance().keys(); }
+    /// The name in lower case, in the folder "enums".
+    [[nodiscard]] QString headerPath() const override
+    {
+        return QStringLiteral("enums/") + name().toLower();
+    }
 };
 
 } // namespace Quorvex
 
-/// Declares the translator of the enumeration Name; see tavex/enums/senum.h.
+/// Declares Name_TR, the translator of an enumeration that has a key table Name_T; followed by a
+/// semicolon. There is nothing else to define.
 #define TAVEX_ENUM_TRANSLATOR(Name)                                                                \
     /** The words of Name in the current language. */                                              \
-    class TAVEX_EXPORT Name##_TR final : public SEnumTranslatorBase                                \
+    class Name##_TR final : public Quorvex::SEnumTranslator<Name##_T>                              \
+    {                                                                                              \
+    public:                                                                                        \
+        /** The one translator, made and loaded at first use. */                                   \
+        [[nodiscard]] static Name##_TR &instance()                                                 \
+        {                                                                                          \
+            static Name##_TR translator;                                                           \
+            translator.translationRegister(); /* Once it is there, a loader may use it. */         \
+            return translator;                                                                     \
+        }                                                                                          \
+                                                                                                   \
+    private:                                                                                       \
+        Name##_TR() = default;                                                                     \
+    }
+
+/// The same for an enumeration that TAVEX_EXPORTED_ENUM() declares; a source of the library defines
+/// Name_TR::instance().
+#define TAVEX_EXPORTED_ENUM_TRANSLATOR(EXPORT, Name)                                               \
+    /** The words of Name in the current language. */                                              \
+    class EXPORT Name##_TR final : public Quorvex::SEnumTranslator<Name##_T>                       \
     {                                                                                              \
     public:                                                                                        \
         /** The one translator, made and loaded at first use. */                                   \
         [[nodiscard]] static Name##_TR &instance();                                                \
-        [[nodiscard]] QString name() const override;                                               \
-        [[nodiscard]] QStringList keys() const override;                                           \
-        [[nodiscard]] QString headerPath() const override;                                         \
                                                                                                    \
     private:                                                                                       \
         Name##_TR() = default;                                                                     \

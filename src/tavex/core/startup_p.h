@@ -4,10 +4,10 @@
 
 #include <atomic>
 #include <memory>
-#include <mutex>
+#include <span>
 
 /// \file
-/// The home of what lives as long as the library.
+/// What happens when the library is loaded and unloaded, and the home of what lives as long as it.
 
 namespace Quorvex {
 
@@ -17,8 +17,8 @@ class LastingBase
 public:
     Q_DISABLE_COPY_MOVE(LastingBase)
 
-    /// Destroys all that was made, the latest first. For the composition root, when the library is
-    /// unloaded: what is needed even later is made anew and stays.
+    /// Destroys all that was made, the latest first. What is needed even later is made anew and
+    /// stays.
     static void destroyAll();
 
 protected:
@@ -81,13 +81,25 @@ public:
     [[nodiscard]] T *peek() const noexcept { return static_cast<T *>(object()); }
 };
 
-/// The lock under which tables and words are loaded. Whoever loads calls runtime loaders, which may
-/// use or register anything again: there is one lock for everything that does, which the thread
-/// that has it may take again, and no other lock is held meanwhile.
-inline std::recursive_mutex &loadLock()
+/// What is done when the library is loaded, and how it is undone when it is unloaded.
+struct Step
 {
-    static constinit Lasting<std::recursive_mutex> lock;
-    return lock.get();
-}
+    void (*load)();
+    void (*unload)() = nullptr;
+};
+
+/// Does the steps in order when it is made. When it is destroyed, it destroys what lasts and then
+/// undoes the steps in reverse order. There is one, in library.cpp.
+class Startup
+{
+public:
+    Q_DISABLE_COPY_MOVE(Startup)
+
+    explicit Startup(std::span<const Step> steps);
+    ~Startup();
+
+private:
+    std::span<const Step> m_steps;
+};
 
 } // namespace Quorvex
