@@ -32,8 +32,7 @@
     [[nodiscard]] static quint64 uniqueId()
 
 /// Declares the class Name, which holds a value of a type T of Qt's and hands it out as Result. It
-/// is the base of classes that supply clone() and id(). Others than the members that all have
-/// follow.
+/// is the base of classes that supply clone() and id(). What follows is declared in it as well.
 #define TAVEX_META_VALUE(Name, T, Result, ...)                                                     \
     class TAVEX_EXPORT Name : public Interfaces::IMetadata                                         \
     {                                                                                              \

@@ -37,7 +37,7 @@ namespace Quorvex {
 
 /// \file
 /// Metadata values of a list of numbers or truth values, or of a single one. Their text is that of
-/// the elements, each written by SConvert::toString() in the given format
+/// the elements, each written by SConvert::toString() in the given format.
 
 /// A list of signed 8-bit integers as metadata.
 TAVEX_META_LIST(SMetaListInt8, qint8);

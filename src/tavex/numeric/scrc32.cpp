@@ -41,8 +41,9 @@ public:
         return known ? &known->tables : nullptr;
     }
 
-    /// Goes on from \a crc with \a length bytes. \a tables is called for the tables if they are
-    /// needed: by \a worthConstants bytes of a polynomial that is not common they are not.
+    /// Goes on from \a crc with \a length bytes. \a tables is called for the tables where the
+    /// processor cannot fold, for a few bytes, and for less than \a worthConstants bytes of a
+    /// polynomial that is not common.
     template <typename GetTables>
     static uint run(uint polynomial, GetTables tables, std::size_t worthConstants, uint crc,
         const char *data, quint64 length) noexcept
@@ -161,7 +162,8 @@ SCrc32::SCrc32(uint polynomial) noexcept
     m_tables = ready ? *ready : Engine::computeTables(polynomial);
 }
 
-/// From how many bytes on computing the constants of a polynomial pays.
+/// From so many bytes on an SCrc32 is quicker when it computes the constants of its polynomial,
+/// which takes 0.15 us, than with its tables.
 static constexpr std::size_t WorthConstants = 384;
 
 uint SCrc32::advance(uint crc, const char *data, quint64 length) const noexcept
