@@ -2,7 +2,6 @@
 
 #include <tavex/numeric/scrc32_p.h>
 
-#include <atomic>
 #include <concepts>
 
 namespace {
@@ -132,20 +131,6 @@ private Q_SLOTS:
             }
             QCOMPARE(crc.value(), expected);
         }
-    }
-
-    // They share the place where the constants of the latest polynomial are kept.
-    void polynomialsInThreads()
-    {
-        const QByteArray data(333, 'x');
-        std::atomic<int> wrong = 0;
-        const auto run = [&](uint polynomial) {
-            const uint expected = oracle(data, polynomial);
-            for (int i = 0; i < 5000; ++i)
-                wrong += SCrc32::hash(data, polynomial) != expected;
-        };
-        together([&] { run(0x1EDC6F41); }, [&] { run(0x741B8CD7); });
-        QCOMPARE(wrong.load(), 0);
     }
 
     void rangesAreCutToTheData()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <tavex/core/snumber.h>
+#include <tavex/core/numbers.h>
 #include <tavex/enums/binaryunit.h>
 #include <tavex/enums/scslengthunit.h>
 #include <tavex/enums/silengthunit.h>

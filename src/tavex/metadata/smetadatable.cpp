@@ -1,7 +1,5 @@
 #include <tavex/metadata/smetadatable.h>
 
-#include <tavex/metadata/metaclass_p.h>
-
 #include <algorithm>
 #include <utility>
 
@@ -14,11 +12,11 @@ namespace {
 /// Null if the clone is no metadata.
 std::unique_ptr<Interfaces::IMetadata> cloneOf(const Interfaces::IMetadata &value)
 {
-    std::unique_ptr<ICloneable> copy(value.clone());
-    const auto *const metadata = copy ? castLike(&value, copy.get()) : nullptr;
-    if (metadata)
-        static_cast<void>(copy.release());
-    return std::unique_ptr<Interfaces::IMetadata>(const_cast<Interfaces::IMetadata *>(metadata));
+    std::unique_ptr<ICloneable> clone(value.clone());
+    std::unique_ptr<Interfaces::IMetadata> copy(dynamic_cast<Interfaces::IMetadata *>(clone.get()));
+    if (copy)
+        static_cast<void>(clone.release());
+    return copy;
 }
 
 } // namespace

@@ -9,7 +9,7 @@
 
 namespace Quorvex {
 
-/// Carries metadata. Derive from it what shall be able to.
+/// Carries metadata: the base of classes whose objects are to have some.
 ///
 /// Each value that is stored or handed over belongs to the container, which deletes it exactly
 /// once. A value handed over while an equal one is stored is not stored; yet the pointer stays good

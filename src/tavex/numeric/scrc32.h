@@ -1,7 +1,7 @@
 #pragma once
 
 #include <tavex/core/export.h>
-#include <tavex/core/snumber.h>
+#include <tavex/core/numbers.h>
 
 #include <QByteArray>
 #include <QByteArrayView>
@@ -15,6 +15,10 @@
 class QIODevice;
 
 namespace Quorvex {
+
+/// What SCrc32 takes as a number: an SNumber or a `char`.
+template <typename T>
+concept SCharOrNumber = SNumber<T> || std::same_as<T, char>;
 
 /// A CRC-32 calculator for any generator polynomial, fed in pieces or, with hash(), in one call.
 ///
@@ -83,18 +87,16 @@ public:
         return update(m_value, data, length);
     }
     uint update(const QString &text) { return update(text.toUtf8()); }
-    template <typename T>
-    requires SNumber<T> || std::same_as<T, char> uint update(const T &number)
-    noexcept
+    template <SCharOrNumber T>
+    uint update(const T &number) noexcept
     {
         std::array<char, sizeof(T)> bytes;
         qToLittleEndian(number, bytes.data());
         return update(bytes.data(), sizeof(T));
     }
     uint update(const char *) = delete;
-    template <std::convertible_to<quint64>... N>
-    requires(sizeof...(N) > 1) uint update(N...)
-    = delete;
+    template <std::convertible_to<quint64> A, std::convertible_to<quint64>... More>
+    uint update(A, std::convertible_to<quint64> auto, More...) = delete;
     /// @}
 
     /// Starts afresh, stores the new register and returns it.
@@ -120,17 +122,15 @@ public:
         clear();
         return update(text);
     }
-    template <typename T>
-    requires SNumber<T> || std::same_as<T, char> uint calculate(const T &number)
-    noexcept
+    template <SCharOrNumber T>
+    uint calculate(const T &number) noexcept
     {
         clear();
         return update(number);
     }
     uint calculate(const char *) = delete;
-    template <std::convertible_to<quint64>... N>
-    requires(sizeof...(N) > 1) uint calculate(N...)
-    = delete;
+    template <std::convertible_to<quint64> A, std::convertible_to<quint64>... More>
+    uint calculate(A, std::convertible_to<quint64> auto, More...) = delete;
     /// @}
 
     /// The result for the data alone.
@@ -173,7 +173,8 @@ public:
 
 private:
     using Tables = std::array<std::array<uint, 256>, 8>;
-    friend class SCrc32Work;
+    class Engine;
+    class OneShot;
 
     /// From so many bytes on the processor's multiplication may be the quicker way.
     static constexpr quint64 ShortestFold = 16;

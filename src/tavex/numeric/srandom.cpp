@@ -75,7 +75,7 @@ void SRandom::fillWords(char *out, qsizetype count) noexcept
         out += sizeof bytes;
         --count;
     };
-    // Lanes could not leave a state that the modulus divides.
+    // Lanes only multiply, so a state that the modulus divides would stay 0 for ever.
     while (count > 0 && m_state % Modulus == 0)
         serially();
     if (!fills.empty()) {

@@ -18,6 +18,11 @@ namespace Quorvex {
 class TAVEX_EXPORT SRandom
 {
 public:
+    /// What the generator multiplies the state by, modulo Modulus.
+    static constexpr quint64 Multiplier = 16807;
+    /// Every number is less than 2^31 - 1.
+    static constexpr uint Modulus = 0x7FFFFFFF;
+
     /// Starts at \a seed as it is. Where the state is 0, which the generator could not leave, it
     /// goes on as from 123459876.
     explicit SRandom(uint seed) noexcept
@@ -84,8 +89,6 @@ public:
     friend bool operator==(const SRandom &, const SRandom &) noexcept = default;
 
 private:
-    static constexpr uint Modulus = 0x7FFFFFFF;
-    static constexpr quint64 Multiplier = 16807;
     static constexpr uint InPlaceOfZero = 123459876;
 
     /// Writes \a count numbers, 32 bits each with the lowest first.

@@ -1,4 +1,4 @@
-#include <tavex/numeric/realtext_p.h>
+#include <tavex/numeric/sgeometry.h>
 
 #include <tavex/convert/sconvert.h>
 
@@ -6,16 +6,16 @@
 
 namespace Quorvex {
 
-QString RealText::join(std::span<const double> numbers, QLocale locale)
+QString RealText::join(std::span<const qreal> numbers, QLocale locale)
 {
     locale.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
     QStringList texts;
-    for (const double number : numbers)
+    for (const qreal number : numbers)
         texts.append(SConvert::toString(number, locale));
     return texts.join(QStringLiteral("; "));
 }
 
-bool RealText::split(const QString &text, std::span<double> numbers, const QLocale &locale)
+bool RealText::split(const QString &text, std::span<qreal> numbers, const QLocale &locale)
 {
     const QStringList texts = text.split(QLatin1Char(';'));
     if (texts.size() != qsizetype(numbers.size()))

@@ -7,27 +7,27 @@
 #include <concepts>
 #include <limits>
 #include <type_traits>
+#include <utility>
 
 namespace Quorvex {
+
+/// One of the \a Types.
+template <typename T, typename... Types>
+concept SOneOf = (std::same_as<T, Types> || ...);
 
 /// An integer that counts: every integral type but `bool` and the character types. `signed char`
 /// and `unsigned char` are the 8-bit integers.
 template <typename T>
-concept SInteger =
-    std::integral<T> && !std::same_as<T,
-        bool> && !std::same_as<T, char> && !std::same_as<T, wchar_t> && !std::same_as<T, char8_t> && !std::same_as<T, char16_t> && !std::same_as<T, char32_t>;
+concept SInteger = std::integral<T> && !SOneOf<T, bool, char, wchar_t, char8_t, char16_t, char32_t>;
 
 /// What the language turns into an SInteger by itself: one, a `bool`, a character, or an enumerator
 /// of an enumeration without scope.
 template <typename T>
-concept SPromotesToInteger = (std::integral<T> || std::is_enum_v<T>)&&requires(T value)
-{
-    requires SInteger<decltype(+value)>;
-};
+concept SPromotesToInteger = std::is_scalar_v<T> && SInteger<decltype(+std::declval<T>())>;
 
 /// A number: an SInteger, `float` or `double`.
 template <typename T>
-concept SNumber = SInteger<T> || std::same_as<T, float> || std::same_as<T, double>;
+concept SNumber = SInteger<T> || SOneOf<T, float, double>;
 
 /// \a value as T. An integer type takes it truncated towards zero; what does not fit becomes the
 /// nearest limit and NaN becomes 0. `float` takes it rounded, and infinite where it is too large.
