@@ -17,12 +17,12 @@ constexpr int StreamVersion = QDataStream::Qt_5_6;
 constexpr quint64 ChunkSize = 32768;
 constexpr QUuid Magic(0xc0e6a09c, 0xc943, 0x4039, 0x94, 0xb5, 0xcc, 0xae, 0xe6, 0x0e, 0x32, 0xe8);
 
-/// What devices and objects are written to. It remembers a failure that they may overlook: QFile
-/// itself forgets it at the next write.
+/// The file that devices and objects are written to. It remembers a failed write, which QFile
+/// forgets at the next one and an object may ignore.
 class Writer : public QFile
 {
 public:
-    /// False if anything that was written has not arrived.
+    /// False if any write has failed.
     bool finish() { return flush() && !m_failed; }
 
 protected:
@@ -37,7 +37,7 @@ private:
     bool m_failed = false;
 };
 
-/// Lets \a write write to \a file.
+/// Calls \a write with a device that writes to \a file.
 template <typename Write>
 bool writeTo(Platform::NewFile &file, const Write &write)
 {
@@ -45,7 +45,7 @@ bool writeTo(Platform::NewFile &file, const Write &write)
     return file.open(writer) && write(writer) && writer.finish();
 }
 
-/// The same with a stream.
+/// Calls \a write with a stream that writes to \a file.
 template <typename Write>
 bool streamTo(Platform::NewFile &file, const Write &write)
 {
@@ -78,7 +78,7 @@ SNvCache::~SNvCache()
 
 bool SNvCache::insert(const QString &key, QIODevice *source)
 {
-    return source && store(key, true, [&](Platform::NewFile &file) {
+    return source && store(key, IfNoFile::RemoveValue, [&](Platform::NewFile &file) {
         return writeTo(file,
             [&](Writer &writer) { return SFileHelper::copyDevice(&writer, source, ChunkSize); });
     });
@@ -86,12 +86,13 @@ bool SNvCache::insert(const QString &key, QIODevice *source)
 
 bool SNvCache::insert(const QString &key, const QByteArray &data)
 {
-    return store(key, true, [&](Platform::NewFile &file) { return file.write(data); });
+    return store(
+        key, IfNoFile::RemoveValue, [&](Platform::NewFile &file) { return file.write(data); });
 }
 
 bool SNvCache::insert(const QString &key, Interfaces::ISerializable *object)
 {
-    return object && store(key, false, [&](Platform::NewFile &file) {
+    return object && store(key, IfNoFile::KeepValue, [&](Platform::NewFile &file) {
         return streamTo(file, [&](QDataStream &stream) { return object->write(stream); });
     });
 }
@@ -134,10 +135,10 @@ void SNvCache::clear()
     m_index.clear();
 }
 
-/// Lets \a write write the value's file. \a removeUnopened tells whether the earlier value goes if
-/// there is no file to write.
+/// Makes a new file, calls \a write with it and puts it in the place of the value. If that fails,
+/// the earlier value is removed; \a ifNoFile says what becomes of it if no new file can be made.
 template <typename Write>
-bool SNvCache::store(const QString &key, bool removeUnopened, const Write &write)
+bool SNvCache::store(const QString &key, IfNoFile ifNoFile, const Write &write)
 {
     if (!m_valid)
         return false;
@@ -149,14 +150,14 @@ bool SNvCache::store(const QString &key, bool removeUnopened, const Write &write
             m_index.insert(key, digest);
             return true;
         }
-        if (!created && !removeUnopened)
+        if (!created && ifNoFile == IfNoFile::KeepValue)
             return false;
     }
     (void)removeFile(digest);
     return false;
 }
 
-/// The digest that names the file of \a key: what the index has wins.
+/// The digest that names the file of \a key: that of the index, else the SHA-256.
 QByteArray SNvCache::hash(const QString &key) const
 {
     const auto entry = m_index.constFind(key);
@@ -165,7 +166,7 @@ QByteArray SNvCache::hash(const QString &key) const
     return QCryptographicHash::hash(key.toUtf8(), QCryptographicHash::Sha256);
 }
 
-/// The path of a file in the directory, or its own.
+/// The path of a file in the cache's directory; without a name, that of the directory.
 QString SNvCache::pathName(const QString &fileName) const
 {
     const QString directory = m_folder % QLatin1Char('/') % m_name;
@@ -194,7 +195,7 @@ bool SNvCache::readIndex()
     stream >> magic;
     if (magic != Magic)
         return false;
-    // The upper half of what writeIndex() writes, and thus 0: docs/cache.md.
+    // Reads the upper half of the count that writeIndex() writes, which is 0: docs/cache.md.
     qint32 count = 0;
     stream >> count;
     for (qint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {

@@ -17,8 +17,8 @@ class ISerializable;
 /// A cache that outlives the process: values by key, each in a file of its own, in one directory
 /// (docs/cache.md tells its bytes). Nothing is ever evicted.
 ///
-/// A value is written beside its file and then moved over it. Who reads sees the old value or the
-/// new one, never a part, from any cache in any process, also when the writer is killed. Nothing is
+/// A value is written to a new file, which then replaces the old one. A reader in any process gets
+/// the old value or the new one, never a part of one, also when a writer is killed. Nothing is
 /// synchronised with the disk: after a loss of power values may be cut off or lost.
 ///
 /// Any number of caches may use one directory at a time; each knows the keys of its own insertions
@@ -57,9 +57,9 @@ public:
     /// The keys that this object has inserted and not removed, in no particular order.
     [[nodiscard]] QStringList keys() const { return m_index.keys(); }
 
-    /// Keeps what \a source has from its position on, \a data, or what \a object writes to a
-    /// QDataStream of version Qt_5_6. True only if all of it is in the file, and as far as the
-    /// system knows it will stay there.
+    /// Stores \a data, or what \a source has from its position on, or what \a object writes to a
+    /// QDataStream of version Qt_5_6. True only if all of it is in the file and the system has
+    /// reported no error up to the closing of the file.
     ///
     /// If it fails, the key's earlier value is gone too; only when no file could be opened for an
     /// object, it stays. A source that is not open is opened, and closed afterwards.
@@ -85,8 +85,9 @@ public:
     void clear();
 
 private:
+    enum class IfNoFile { RemoveValue, KeepValue };
     template <typename Write>
-    bool store(const QString &key, bool removeUnopened, const Write &write);
+    bool store(const QString &key, IfNoFile ifNoFile, const Write &write);
     [[nodiscard]] QByteArray hash(const QString &key) const;
     [[nodiscard]] QString pathName(const QString &fileName = QString()) const;
     [[nodiscard]] QString pathName(const QByteArray &digest) const;

@@ -57,8 +57,8 @@ public:
     /// \a path with "/" for every "\".
     [[nodiscard]] static QString toUnipath(const QString &path);
 
-    /// \a name with "_" for each of the characters ?*:; which Windows or a list of paths does not
-    /// bear.
+    /// \a name with "_" for each of the characters ?*:; which Windows does not allow in names, or
+    /// which separate the paths in a list.
     [[nodiscard]] static QString removeWrongChars(const QString &name);
 
     /// \a path, cleaned, and shortened for people to \a width UTF-16 code units around "..." in its

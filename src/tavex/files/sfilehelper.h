@@ -29,8 +29,8 @@ public:
     [[nodiscard]] static qint64 readAllBuffer(
         QIODevice *device, char *data, qint64 size, int timeout);
 
-    /// The next \a size bytes of the device, read in the same way; an empty array if they are not
-    /// to be had. \a size is narrowed to int, and a negative one gives an empty array.
+    /// The next \a size bytes of the device, read in the same way; an empty array if it gives
+    /// fewer. \a size is narrowed to int, and a negative one gives an empty array.
     [[nodiscard]] static QByteArray readAllBuffer(QIODevice *device, qint64 size, int timeout);
 
     /// Writes \a size bytes and returns how many the device took: fewer if it takes no more. -1 if
