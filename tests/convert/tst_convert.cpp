@@ -19,20 +19,20 @@ private Q_SLOTS:
             QCOMPARE(SLocale::isKlingon(locale), full == QByteArray("tlh"));
         }
         const QLocale german(QLocale::German);
-        QCOMPARE(SLocale(string("tlh")).nativeLanguageName(), string("tlhIngan Hol"));
-        QCOMPARE(SLocale(german).nativeLanguageName(), string("Deutsch"));
+        QCOMPARE(SLocale("tlh"_s).nativeLanguageName(), "tlhIngan Hol"_s);
+        QCOMPARE(SLocale(german).nativeLanguageName(), "Deutsch"_s);
 
         const SLocale ungrouped(german, QLocale::OmitGroupSeparator);
         for (const SLocale &locale : {ungrouped, SLocale(ungrouped)})
-            QCOMPARE(locale.locale().toString(12345), string("12345"));
-        QCOMPARE(SLocale(german).locale().toString(12345), string("12.345"));
+            QCOMPARE(locale.locale().toString(12345), "12345"_s);
+        QCOMPARE(SLocale(german).locale().toString(12345), "12.345"_s);
     }
 
     void converters()
     {
         using C = SVariantConvert;
-        const C::Converter first = [](auto &, auto &, auto &) { return string("1"); };
-        const C::Converter second = [](auto &, auto &, auto &) { return string("2"); };
+        const C::Converter first = [](auto &, auto &, auto &) { return "1"_s; };
+        const C::Converter second = [](auto &, auto &, auto &) { return "2"_s; };
         QVERIFY(!C::isSVariantToStringRegistered(QMetaType::Int));
         QVERIFY(!C::sVariantToStringFunction(QMetaType::Int));
         for (const C::Converter converter : {first, second, C::Converter()})

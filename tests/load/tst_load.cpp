@@ -1,4 +1,4 @@
-#include <QtTest>
+#include "checks.h"
 
 #include <array>
 
@@ -103,11 +103,11 @@ private Q_SLOTS:
             QCOMPARE(made[UInt8].value<QList<quint8>>(), (QList<quint8>{1, 2}));
             // The program asks for the numbers of lists that the library has made.
             QCOMPARE(made[Single].value<QList<float>>(), (QList<float>{1, 2}));
-            QVERIFY(made[Double].toList().size() == 2 && isWhole<float>());
+            VERIFY_ALL(made[Double].toList().size() == 2, isWhole<float>());
             made.clear();
             QVERIFY(modules[round % 2].unload());
-            QVERIFY(isWhole<qint8>() && isWhole<quint8>() && isWhole<float>());
-            QVERIFY(modules[1 - round % 2].unload() && !isLibraryMapped());
+            VERIFY_ALL(isWhole<qint8>(), isWhole<quint8>(), isWhole<float>());
+            VERIFY_ALL(modules[1 - round % 2].unload(), !isLibraryMapped());
 
             // They take the numbers that are free.
             const auto take = []<int... I>(std::integer_sequence<int, I...>)
@@ -115,13 +115,13 @@ private Q_SLOTS:
                 (QMetaType::fromType<std::array<char, I + 1>>().id(), ...);
             };
             take(std::make_integer_sequence<int, 50>());
-            QVERIFY(isWhole<qint8>() && isWhole<quint8>() && isWhole<qint16>() && isWhole<int>());
-            QVERIFY(alive.toList() == (QVariantList{1, 2}) && isKept<float>() && isKept<double>());
+            VERIFY_ALL(isWhole<qint8>(), isWhole<quint8>(), isWhole<qint16>(), isWhole<int>());
+            VERIFY_ALL(alive.toList() == (QVariantList{1, 2}), isKept<float>(), isKept<double>());
             QCOMPARE(QMetaType::fromName(own.name()).iface(), own.iface());
         }
         // What went was only the way to the elements of the lists that the library was first to
         // have.
-        QVERIFY(!isWhole<float>() && !isWhole<double>());
+        VERIFY_ALL(!isWhole<float>(), !isWhole<double>());
         qRegisterMetaType<QList<float>>("QList<float>");
         QVERIFY(isWhole<float>());
     }

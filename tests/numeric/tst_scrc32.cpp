@@ -75,12 +75,12 @@ private Q_SLOTS:
         QVERIFY(SCrc32::hash(digits) == 0x0376E6E7);
         SCrc32 crc;
         crc.update(digits);
-        QVERIFY(crc == 0x0376E6E7 && crc == 0x0376E6E7L && crc != (quint64(1) << 32 | 0x0376E6E7));
+        VERIFY_ALL(crc == 0x0376E6E7, crc == 0x0376E6E7L, crc != (quint64(1) << 32 | 0x0376E6E7));
         QCOMPARE(uint(crc), crc.value());
         crc.clear();
-        QVERIFY(crc == -1 && crc == Q_INT64_C(0xFFFFFFFF) && crc != Q_INT64_C(-1));
+        VERIFY_ALL(crc == -1, crc == Q_INT64_C(0xFFFFFFFF), crc != Q_INT64_C(-1));
         enum Unscoped { All = 0xFFFFFFFF };
-        QVERIFY(crc == All && 'a' != crc && crc != true);
+        VERIFY_ALL(crc == All, 'a' != crc, crc != true);
     }
 
     void matchesDefinition()
@@ -172,12 +172,12 @@ private Q_SLOTS:
         check('a', QByteArray("a"));
         check(1.0F, QByteArray("\0\0\x80\x3F", 4));
         check(-2.0, QByteArray("\0\0\0\0\0\0\0\xC0", 8));
-        check(QStringLiteral(u"h\u00E4\u4E16"), QByteArray("h\xC3\xA4\xE4\xB8\x96"));
-        QCOMPARE(SCrc32::hash(string("\u00E4")), SCrc32::hash(QByteArray("\xC3\xA4")));
+        check("h\u00E4\u4E16"_s, QByteArray("h\xC3\xA4\xE4\xB8\x96"));
+        QCOMPARE(SCrc32::hash("\u00E4"_s), SCrc32::hash(QByteArray("\xC3\xA4")));
 
         SCrc32 a(0xEDB88320);
         const SCrc32 b(0x82608EDB);
-        QVERIFY(a != b && a.value() == b.value() && a == b.value());
+        VERIFY_ALL(a != b, a.value() == b.value(), a == b.value());
         a = b;
         QVERIFY(a == b);
         QCOMPARE(a.calculate(7), SCrc32(0x82608EDB).update(7));

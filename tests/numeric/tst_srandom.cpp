@@ -40,7 +40,7 @@ private Q_SLOTS:
         for (quint64 state = 0; state <= 0xFFFFFFFF; state += 16381) {
             SRandom step{uint(state)};
             const uint expected = schrage(uint(state));
-            QVERIFY(uint(step.next()) == expected && step == SRandom(expected));
+            VERIFY_ALL(uint(step.next()) == expected, step == SRandom(expected));
         }
     }
 
@@ -80,7 +80,7 @@ private Q_SLOTS:
                     if (seed % Modulus == 0)
                         break;
                     const qsizetype count = fill(state, bytes.data() + 1, size);
-                    QVERIFY(count <= size && size - count < 64 && state == states.at(count));
+                    VERIFY_ALL(count <= size, size - count < 64, state == states.at(count));
                     QVERIFY(bytes.mid(1, 4 * count) == expected.left(4 * count));
                 }
             }
@@ -89,7 +89,7 @@ private Q_SLOTS:
                 const qsizetype start = 1 + size * 7 % 64;
                 SRandom::fillData(bytes.data() + start, size, seed);
                 QVERIFY(bytes.mid(start, size) == expected.left(size));
-                QVERIFY(bytes.at(start - 1) == 'x' && bytes.at(start + size) == 'x');
+                VERIFY_ALL(bytes.at(start - 1) == 'x', bytes.at(start + size) == 'x');
             }
         }
         const QList<int> copy(5);
@@ -117,7 +117,7 @@ private Q_SLOTS:
                     value = random.next();
                 right = right && bytes.at(start + i) == char(value >> 8 * (i % 4));
             }
-            QVERIFY(right && bytes.endsWith("xxx"));
+            VERIFY_ALL(right, bytes.endsWith("xxx"));
         }
     }
 

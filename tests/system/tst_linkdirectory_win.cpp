@@ -1,10 +1,11 @@
+#include "checks.h"
+
 #include <tavex/system/platform_p.h>
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QScopeGuard>
-#include <QTest>
 
 #include <windows.h>
 
@@ -29,7 +30,7 @@ private Q_SLOTS:
         using Quorvex::Platform::linkDirectory;
         QVERIFY(linkDirectory(link, QStringLiteral("x/y")));
         QVERIFY(!linkDirectory(link, QStringLiteral("fail")));
-        QVERIFY(!linkDirectory(link, {}) && !linkDirectory(link, QStringLiteral("a\" & \"b")));
+        VERIFY_ALL(!linkDirectory(link, {}), !linkDirectory(link, QStringLiteral("a\" & \"b")));
         QFile file(log);
         QVERIFY(file.open(QIODevice::ReadOnly));
         const QString start = QStringLiteral("cmd /c mklink /j \"C:\\a & b\\Größe\" ");

@@ -20,7 +20,7 @@ static void fill(const QTemporaryDir &root, const QList<File> &files)
         if (text.startsWith("->"))
             QVERIFY(QFile::link(string(text.mid(2)), path));
         else
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
+            VERIFY_ALL(file.open(QIODevice::WriteOnly), file.write(text) == text.size());
     }
 }
 
@@ -108,7 +108,7 @@ private Q_SLOTS:
         }
         fill(root, files);
         const auto [packages, cores] = ProcFs::topology(root.path());
-        QVERIFY(packages == 2 && cores == 4);
+        VERIFY_ALL(packages == 2, cores == 4);
     }
 
     void memoryAndMounts()
@@ -128,16 +128,16 @@ private Q_SLOTS:
                 {"/proc/self/status", "Name:\tx\nVmRSS:\t    2136 kB\nRssAnon:\t 144 kB\n"},
                 {"/proc/self/mountinfo", mounted}});
         const auto [total, available, processUse] = ProcFs::memory(root.path());
-        QVERIFY(total == 25276510208 && available == 7168 && processUse == 2187264);
+        VERIFY_ALL(total == 25276510208, available == 7168, processUse == 2187264);
         QStringList listed;
         for (const auto &mount : ProcFs::storageMounts(ProcFs::mounts(root.path())))
             listed += mount.point + string(mount.isLocal ? " " : " far ") + mount.type + u' '
                 + mount.source;
         QCOMPARE(listed.join(u'\n'),
-            string("/ ext4 /dev/vda\n/devs tmpfs tmp\\04\n/x fuseblk /dev/sde\n"
-                   "/mnt xfs /dev/sda2\n/mnt/a b\\c far nfs4 host:/export\n"
-                   "/mnt/a b\\c/in far ext4 /dev/sdb"));
-        QVERIFY(ProcFs::mounts(root.path() + string("/none")).isEmpty());
+            "/ ext4 /dev/vda\n/devs tmpfs tmp\\04\n/x fuseblk /dev/sde\n"
+            "/mnt xfs /dev/sda2\n/mnt/a b\\c far nfs4 host:/export\n"
+            "/mnt/a b\\c/in far ext4 /dev/sdb"_s);
+        QVERIFY(ProcFs::mounts(root.path() + "/none"_s).isEmpty());
     }
 
     // The mount that does not answer is a folder here: what lies in it must not be looked at.
@@ -190,7 +190,7 @@ private Q_SLOTS:
         for (const char *name : {"", "/x/../y"}) {
             SStorageInfo info(folder.path() + string(name));
             QCOMPARE(info.rootPath(), folder.path());
-            QVERIFY(!info.isLocal() && !info.eject() && !SDir(info.path()).isLocal());
+            VERIFY_ALL(!info.isLocal(), !info.eject(), !SDir(info.path()).isLocal());
         }
         alarm(0);
         close(device);
