@@ -37,6 +37,7 @@ public:
     /// The enumeration.
     using Enum = E;
 
+    /// Whether \a E satisfies SFlags.
     [[nodiscard]] bool isFlags() const override { return SFlags<E>; }
 
     /// The key of \a value; of several keys, the last. A value without a key gives its number in

@@ -90,7 +90,9 @@ template <typename Table>
 class SEnumTranslator : public SEnumTranslatorBase
 {
 public:
+    /// That of the key table.
     [[nodiscard]] QString name() const override { return Table::instance().name(); }
+    /// Those of the key table.
     [[nodiscard]] QStringList keys() const override { return Table::instance().keys(); }
     /// The name in lower case, in the folder "enums".
     [[nodiscard]] QString headerPath() const override
