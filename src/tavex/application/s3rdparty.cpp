@@ -23,7 +23,7 @@ struct Module
     SVersion version;
 };
 
-/// The threads share no list that one of them could write into, only texts.
+/// A std::vector, because threads get copies, and copies of a QList would share their memory.
 using Modules = std::vector<Module>;
 
 struct Registry

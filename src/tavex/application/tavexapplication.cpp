@@ -37,8 +37,8 @@ Identity &identity()
     return identity.get();
 }
 
-/// What is registered and made. Nothing is loaded under its mutex, so that who registers does not
-/// wait for a loader, which might wait for it.
+/// Nothing is loaded under its mutex: a thread that registers a catalogue must not wait for a
+/// loader, which might wait for that thread.
 struct Registration
 {
     std::mutex mutex;
@@ -60,7 +60,7 @@ bool loadCatalogue(
 {
     const QString file = name + QLatin1Char('_') + SLocale::name(locale);
     const auto isLoaded = [&](const QString &folder) {
-        // Qt logs a name that no folder can have.
+        // Of a name with a null Qt would only log that it cannot be.
         return !folder.isEmpty() && !(folder + file).contains(QChar::Null)
             && translator.load(file, folder);
     };
@@ -114,7 +114,7 @@ void TavexApplication::setLicenseKey(const QString &key)
 
 QString TavexApplication::applicationFolder()
 {
-    // Qt logs that there is no application.
+    // Without an application Qt would log that there is none.
     return QCoreApplication::instance() ? unifiedSeparators(QCoreApplication::applicationDirPath())
                                         : QString();
 }
@@ -278,11 +278,11 @@ void TavexApplication::reboot(int exitCode)
     const QMetaObject::Connection atQuit = QObject::connect(application,
         &QCoreApplication::aboutToQuit, application, &TavexApplication::restart,
         static_cast<Qt::ConnectionType>(Qt::DirectConnection | Qt::SingleShotConnection));
-    // Without an event loop nothing quits, though newer Qt would emit the signal.
+    // Without an event loop there is nothing to quit, but a newer Qt would emit the signal at once.
     if (application->thread()->loopLevel() == 0)
         return;
     QCoreApplication::exit(exitCode);
-    // From 6.5 on it comes within exit(), but only within the first call, even of someone else.
+    // From 6.5 on, the first exit() of the event loop emits the signal, and this was a later one.
     if (QLibraryInfo::version() >= QVersionNumber(6, 5) && QObject::disconnect(atQuit))
         restart();
 }

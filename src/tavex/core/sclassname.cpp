@@ -25,7 +25,7 @@ constinit Lasting<Patterns> patterns;
 
 } // namespace
 
-/// The name as it stands in source code: compilers with the Itanium ABI give it encoded.
+/// The name as it stands in source code; compilers with the Itanium ABI encode it.
 static QString readableName(const std::type_info &type)
 {
 #if __has_include(<cxxabi.h>)

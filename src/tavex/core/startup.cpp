@@ -8,18 +8,18 @@ namespace {
 
 constinit LastingBase *latest = nullptr;
 
-/// One thread's turn to touch the list. A std::mutex is not made by the compiler everywhere, and
-/// may thus not be there when the first object is.
-class Turn
+/// Locks the list. Not a std::mutex: some systems construct it at run time, which may be after the
+/// first object is made.
+class ListLock
 {
 public:
-    Q_DISABLE_COPY_MOVE(Turn)
-    Turn() noexcept
+    Q_DISABLE_COPY_MOVE(ListLock)
+    ListLock() noexcept
     {
         while (s_isTaken.test_and_set(std::memory_order_acquire))
             std::this_thread::yield();
     }
-    ~Turn() { s_isTaken.clear(std::memory_order_release); }
+    ~ListLock() { s_isTaken.clear(std::memory_order_release); }
 
 private:
     static inline constinit std::atomic_flag s_isTaken;
@@ -29,7 +29,7 @@ private:
 
 void *LastingBase::keep(void *made)
 {
-    const Turn turn;
+    const ListLock lock;
     if (void *const existing = object())
         return existing;
     m_earlier = std::exchange(latest, this);
@@ -40,10 +40,10 @@ void *LastingBase::keep(void *made)
 void LastingBase::destroyAll()
 {
     const auto takeLatest = [] {
-        const Turn turn;
+        const ListLock lock;
         return latest ? std::exchange(latest, latest->m_earlier) : nullptr;
     };
-    // In nobody's turn: a destructor may use, or make, what it needs.
+    // Not under the lock: a destructor may use lasting objects, and make new ones.
     while (LastingBase *const last = takeLatest())
         last->m_destroy(last->m_object.exchange(nullptr, std::memory_order_acq_rel));
 }

@@ -11,14 +11,14 @@
 
 namespace Quorvex {
 
-/// What a Lasting is whatever its type.
+/// The part of Lasting that does not depend on its type.
 class LastingBase
 {
 public:
     Q_DISABLE_COPY_MOVE(LastingBase)
 
-    /// Destroys all that was made, the latest first. What is needed even later is made anew and
-    /// stays.
+    /// Destroys all objects, the latest first. One that is needed even later is made again and
+    /// never destroyed.
     static void destroyAll();
 
 protected:
@@ -32,24 +32,25 @@ protected:
 
     [[nodiscard]] void *object() const noexcept { return m_object.load(std::memory_order_acquire); }
 
-    /// Keeps \a made, unless another thread was faster. Returns what is kept.
+    /// Keeps \a made, unless another thread has put an object here first. Returns the one kept.
     void *keep(void *made);
 
 private:
     std::atomic<void *> m_object = nullptr;
     Destroy m_destroy;
-    LastingBase *m_earlier = nullptr; ///< What was kept before this one.
+    LastingBase *m_earlier = nullptr; ///< The one whose object was made before.
 };
 
-/// An object that is made at first use and lives until the library is unloaded. That is after the
-/// program's own globals are destroyed, which may therefore use it to their end, unlike a
-/// function-local static. It costs nothing at load:
+/// An object that is made at first use and lives until the library is unloaded. Unlike a
+/// function-local static it outlives the program's own globals, whose destructors may use it. It
+/// costs nothing at load:
 ///
 ///     static constinit Lasting<Registry> registry;
 ///     return registry.get();
 ///
-/// No thread waits for another one to make it. Several may do so at once, and one of the objects is
-/// kept: making it must have no effect on anything else, and must not need it.
+/// No thread waits while another one makes it. Several may make one at once, of which one is kept
+/// and the others are destroyed: the constructor must have no effect elsewhere, and must not use
+/// the object itself.
 template <typename T>
 class Lasting : public LastingBase
 {
@@ -77,7 +78,7 @@ public:
         return *static_cast<T *>(kept);
     }
 
-    /// Null before the first use, and once it is destroyed.
+    /// Null before the first use and after it was destroyed.
     [[nodiscard]] T *peek() const noexcept { return static_cast<T *>(object()); }
 };
 

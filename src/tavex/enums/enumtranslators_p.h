@@ -12,8 +12,8 @@ namespace Quorvex {
 
 class SEnumTranslatorBase;
 
-/// The lock under which tables and words are loaded. Whoever loads calls runtime loaders, which may
-/// use or register anything: there is one lock for all loads, which its thread may take again, and
+/// The lock under which tables and words are loaded. A load calls runtime loaders, which may use or
+/// register anything: so there is one lock for all loads, which the same thread may take again, and
 /// no other lock is held meanwhile.
 std::recursive_mutex &loadLock();
 

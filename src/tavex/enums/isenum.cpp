@@ -45,8 +45,8 @@ void ISEnum::load() const
 {
     if (d->isComplete.load(std::memory_order_acquire))
         return;
-    // Not by the constructor: the table may be a function-local static, for which other threads
-    // wait, and so may what the loader uses.
+    // The constructor does not load: while a function-local static is made, other threads wait for
+    // it, and the loader could wait for one of them.
     keepDefaultLocaleAtExit();
     const std::scoped_lock lock(loadLock());
     if (d->isComplete || d->isLoading)

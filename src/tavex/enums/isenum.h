@@ -36,6 +36,7 @@ public:
     bool addKey(qint64 value, const QString &key);
 
 protected:
+    /// An empty table of the enumeration \a name.
     explicit ISEnum(const QString &name);
 
     /// All keys in the order in which they were added.

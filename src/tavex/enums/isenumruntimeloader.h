@@ -11,8 +11,8 @@ class SEnumTranslatorBase;
 
 /// Supplies texts and keys of one enumeration at run time. Register it with SEnumRuntimeLoader.
 ///
-/// It is called by the thread that loads, one loader at a time. It must not wait for a thread that
-/// may be at the first use of an enumeration.
+/// Loaders are called one at a time, on the thread that loads. A loader must not wait for another
+/// thread that may use an enumeration for the first time.
 class TAVEX_EXPORT ISEnumRuntimeLoader
 {
 public:
@@ -21,9 +21,9 @@ public:
     virtual ~ISEnumRuntimeLoader();
 
     /// Adds texts with SEnumTranslatorBase::insert(). Called at every load of the enumeration's
-    /// translator, after its run-time texts were emptied. It may use any enumeration: of the one
-    /// that is being loaded it sees what is there so far, while other threads see the words of
-    /// before, or wait if there are none yet.
+    /// translator, after its run-time texts were removed. It may use any enumeration. The one that
+    /// is being loaded it sees as far as it is loaded; other threads see the words of before, or
+    /// wait if there are none yet.
     virtual void load(SEnumTranslatorBase *translator) = 0;
 
     /// Adds keys with ISEnum::addKey(). Called once, when the key table is first read.

@@ -24,7 +24,7 @@ struct SEnumKey
 {
     /// The value; several rows may have the same.
     E value;
-    const char16_t *key; ///< Usually the enumerator's name. Not copied: it has to stay.
+    const char16_t *key; ///< Usually the enumerator's name. A literal: it is not copied.
 };
 
 /// The key table of the enumeration \a E, whose underlying type is \a U.
@@ -37,6 +37,7 @@ public:
     /// The enumeration.
     using Enum = E;
 
+    /// Whether \a E satisfies SFlags.
     [[nodiscard]] bool isFlags() const override { return SFlags<E>; }
 
     /// The key of \a value; of several keys, the last. A value without a key gives its number in
@@ -60,7 +61,7 @@ protected:
     }
 
 private:
-    /// Text that is neither allocated nor counted, as that of QStringLiteral().
+    /// A QString that points to \a text, as QStringLiteral() makes it.
     static QString staticText(const char16_t *text)
     {
         return QString::fromRawData(reinterpret_cast<const QChar *>(text),
@@ -84,7 +85,7 @@ private:
     return rows;
 
 /// Declares the enumeration Name and its key table from the table KEYS; followed by a semicolon.
-/// There is nothing else to define. Each module that uses the enumeration has a key table of its
+/// Nothing else has to be defined. Each module that uses the enumeration has a key table of its
 /// own.
 #define TAVEX_ENUM(Name, Underlying, KEYS)                                                         \
     enum class Name : Underlying { KEYS(TAVEX_ENUMERATOR) };                                       \
@@ -111,9 +112,9 @@ private:
         }                                                                                          \
     }
 
-/// The same for a shared library whose enumeration may get more keys without its users being built
-/// anew: the table lies in the library, whose export macro is EXPORT. One source of the library
-/// defines it with TAVEX_ENUM_DEFINITION().
+/// The same for a shared library, whose export macro is EXPORT. The rows lie in the library, so
+/// that a new version may have more of them and programs need not be compiled again. One source of
+/// the library defines the table with TAVEX_ENUM_DEFINITION().
 #define TAVEX_EXPORTED_ENUM(EXPORT, Name, Underlying, KEYS)                                        \
     enum class Name : Underlying { KEYS(TAVEX_ENUMERATOR) };                                       \
     /** The table of the Name keys. */                                                             \
@@ -129,7 +130,7 @@ private:
         Name##_T();                                                                                \
     }
 
-/// Defines what TAVEX_EXPORTED_ENUM() declares; in the namespace of the enumeration.
+/// Defines the key table that TAVEX_EXPORTED_ENUM() declares; in the enumeration's namespace.
 #define TAVEX_ENUM_DEFINITION(Name, KEYS)                                                          \
     Name##_T::Name##_T()                                                                           \
         : SEnumBase(QStringLiteral(#Name), rows())                                                 \

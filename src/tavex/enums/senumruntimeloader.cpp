@@ -47,7 +47,7 @@ SSharedPointer<ISEnumRuntimeLoader> SEnumRuntimeLoader::loader(const QString &na
         const std::scoped_lock lock(r.mutex);
         return r.loaders;
     };
-    // Not under the lock: a loader that is asked for its name may use the library.
+    // Not under the lock: name() is the application's code and may use this registry.
     const QList<LoaderPointer> loaders = all();
     const auto found = std::ranges::find_if(
         loaders, [&](const LoaderPointer &entry) { return entry->name() == name; });

@@ -10,9 +10,9 @@ namespace Quorvex {
 class TAVEX_EXPORT SEnumRuntimeLoader
 {
 public:
-    /// Takes \a loader over; it lives until the library is unloaded, and the module that holds its
-    /// code must stay loaded as long. Null, and a loader that is registered already, are ignored.
-    /// A translator that is loaded already calls it at its next load.
+    /// Takes ownership of \a loader until the library is unloaded; the module that has its code
+    /// must stay loaded as long. Null, and a loader that is registered already, are ignored. A
+    /// translator that is loaded already calls it at its next load.
     static void loaderRegister(ISEnumRuntimeLoader *loader);
 
     /// The first registered loader whose name() is exactly \a name, or null.

@@ -22,9 +22,9 @@
 namespace Quorvex {
 namespace {
 
-/// Any number of look-ups at a time, or one change. Changes are short and go first: with
-/// std::shared_mutex, which lets readers pass by a writer that waits, threads that look up all the
-/// time would keep one waiting for ever.
+/// Lets in any number of look-ups at a time, or one change. A change that waits goes before new
+/// look-ups. Under std::shared_mutex, which lets readers overtake a waiting writer, threads that
+/// look up all the time would keep it waiting for ever.
 class WordsLock
 {
 public:
@@ -57,10 +57,11 @@ private:
     std::mutex m_changes;
 };
 
-/// Of all translators. No other lock is taken under it, and no code of an application called.
+/// One for all translators. While it is held, no other lock is taken and no code of an application
+/// called.
 constinit Lasting<WordsLock> wordsLock;
 
-/// The same as QString::toLatin1(), without an allocation for texts as short as keys are.
+/// The same as QString::toLatin1(), but short texts, such as keys, need no allocation.
 class Latin1
 {
 public:
@@ -77,7 +78,7 @@ private:
     QVarLengthArray<char, 64> m_bytes;
 };
 
-/// A catalogue, or none.
+/// Null if there is no such catalogue.
 using Catalogue = std::shared_ptr<const QTranslator>;
 
 Catalogue catalogue(const QString &name, const QLocale &locale, const QString &folder)
@@ -158,7 +159,7 @@ struct SEnumTranslatorBase::Private
 
     [[nodiscard]] bool isLoader() const { return draft && loader == std::this_thread::get_id(); }
 
-    /// Calls \a function with the words of now and their context.
+    /// Calls \a function with the present words and their context.
     template <typename Function>
     [[nodiscard]] auto lookUp(Function function) const
     {
@@ -171,8 +172,8 @@ struct SEnumTranslatorBase::Private
         return function(isLoader() ? *draft : words, source);
     }
 
-    /// Changes the words of now. What another thread is loading is changed as well, or the change
-    /// would be lost with the words of before.
+    /// Changes the present words. If another thread is loading, its draft is changed as well, or
+    /// the change would be lost when the draft replaces the words.
     template <typename Function>
     bool change(Function function)
     {
@@ -208,7 +209,7 @@ struct SEnumTranslatorBase::Private
     {
         isLoading = false;
         if (draft) {
-            Words finished; // Those of before are destroyed without the lock.
+            Words finished; // Destroys the words of before after the lock is released.
             const std::scoped_lock lock(wordsLock.get());
             finished = std::move(*draft);
             draft.reset();
@@ -233,13 +234,14 @@ SEnumTranslatorBase::~SEnumTranslatorBase()
 bool SEnumTranslatorBase::load(const QLocale &locale, const QString &folder)
 {
     const std::scoped_lock lock(loadLock());
-    // A loader that loads again, does so in place of what is there so far.
+    // A runtime loader may call this for the translator that it is called for: same draft.
     const bool isOutermost = !std::exchange(d->isLoading, true);
     const auto end = qScopeGuard([&] {
         if (isOutermost)
             d->endLoad();
     });
-    // While it is destroyed, which waits for the lock, it has no name of its own any more.
+    // Not name() once it is registered: another thread may be in the destructor, which waits for
+    // the lock, and then the derived class is gone.
     const QString ownName = d->state == Private::NotRegistered ? name() : d->name;
     const auto loader = SEnumRuntimeLoader::loader(ownName);
     if (loader && !d->draft)
@@ -330,11 +332,11 @@ void SEnumTranslatorBase::translationRegister()
 
 namespace {
 
-/// Nothing is loaded under its mutex: who registers does not wait for a loader, which might wait
-/// for them.
+/// Nothing is loaded under its mutex: a thread that registers a translator must not wait for a
+/// loader, which might wait for that thread.
 struct Registry
 {
-    // Made first, it is there when the last translator leaves the registry.
+    // Made before the registry, it is destroyed after it: the last translator to leave needs it.
     std::recursive_mutex &load = loadLock();
     std::mutex mutex;
     QList<SEnumTranslatorBase *> translators;

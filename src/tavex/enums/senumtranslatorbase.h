@@ -18,8 +18,8 @@ namespace Quorvex {
 /// A translator registers itself with TavexApplication, which loads it then and at every
 /// TavexApplication::init().
 ///
-/// Look-ups and changes may run on any thread, in any order. Catalogues are loaded aside: a look-up
-/// sees the words of before until all of the new ones are there. Only a runtime loader that looks
+/// Look-ups and changes may run on any thread, in any order. While catalogues are loaded, a look-up
+/// sees the words of before, until all of the new ones are there. Only a runtime loader that looks
 /// something up while it is called sees what is loaded so far.
 class TAVEX_EXPORT SEnumTranslatorBase
 {
@@ -52,7 +52,7 @@ public:
     [[nodiscard]] QStringList etr(
         const QStringList &texts, const EnumTranslationOptions &options = DefaultOptions) const;
 
-    /// Whether there are words for \a key, be it the key itself.
+    /// Whether there are words for \a key, which may be the same as the key.
     [[nodiscard]] bool contains(
         const QString &key, const EnumTranslationOptions &options = DefaultOptions) const;
 
@@ -72,7 +72,7 @@ public:
 protected:
     SEnumTranslatorBase();
 
-    /// The first half of load(): the catalogues of \a name, and no run-time texts.
+    /// The first half of load(): loads the catalogues of \a name and removes the run-time texts.
     bool _load(const QString &name, const QLocale &locale, const QString &folder);
 
     /// Registers the translator and loads it for the default locale. To be called by the most
@@ -90,7 +90,9 @@ template <typename Table>
 class SEnumTranslator : public SEnumTranslatorBase
 {
 public:
+    /// That of the key table.
     [[nodiscard]] QString name() const override { return Table::instance().name(); }
+    /// Those of the key table.
     [[nodiscard]] QStringList keys() const override { return Table::instance().keys(); }
     /// The name in lower case, in the folder "enums".
     [[nodiscard]] QString headerPath() const override
