@@ -286,17 +286,13 @@ private Q_SLOTS:
         QVERIFY(SNvCache("gone"_s, m_path).isNull());
     }
 
-    // They have no size, and seem to be at their end before they are read.
-    void unsizedSources()
+    // It has no size, and seems to be at its end before it is read.
+    void unsizedSource()
     {
         SNvCache cache = open();
         QFile system("/proc/self/stat"_s);
-        VERIFY_ALL(cache.insert(Key, &system), cache.value(Key).contains("tst_snvcache"));
-        int ends[2];
-        VERIFY_ALL(pipe(ends) == 0, write(ends[1], "through", 7) == 7, ::close(ends[1]) == 0);
-        QFile reader;
-        QVERIFY(reader.open(ends[0], QIODevice::ReadOnly, QFile::AutoCloseHandle));
-        VERIFY_ALL(cache.insert(Key, &reader), cache.value(Key) == "through");
+        QVERIFY(cache.insert(Key, &system));
+        QVERIFY(cache.value(Key).contains("tst_snvcache"));
     }
 #endif
 

@@ -12,11 +12,12 @@ private Q_SLOTS:
             {"tlh", "tlh", "tlh"}, {"TLH", "tlh", "tlh"}, {"no such locale", "C", "C"}};
         for (const auto &[name, full, language] : rows) {
             const SLocale locale(string(name));
-            QCOMPARE(locale.name(), QLatin1String(full));
-            QCOMPARE(locale.name(true), QLatin1String(language));
-            QCOMPARE(SLocale::lcName(locale, true), QLatin1String(full));
-            QCOMPARE(SLocale::lcName(locale), string(full).replace(u'_', u'-'));
-            QCOMPARE(SLocale::isKlingon(locale), full == QByteArray("tlh"));
+            const QStringList names{locale.name(), locale.name(true), SLocale::lcName(locale, true),
+                SLocale::lcName(locale)};
+            COMPARE_ROW(name, names.join(u' '),
+                "%1 %2 %1 %3"_s.arg(
+                    string(full), string(language), string(full).replace(u'_', u'-')));
+            COMPARE_ROW(name, SLocale::isKlingon(locale), full == QByteArray("tlh"));
         }
         const QLocale german(QLocale::German);
         QCOMPARE(SLocale("tlh"_s).nativeLanguageName(), "tlhIngan Hol"_s);

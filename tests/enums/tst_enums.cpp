@@ -186,19 +186,14 @@ private Q_SLOTS:
     // Known by name and printable before anything in this program asked for the id.
     void metaTypes()
     {
-        const auto check = []<typename... Tables>(const Tables &...tables) {
-            for (const auto &[name, type] :
-                {std::pair(tables.name(), QMetaType::fromType<typename Tables::Enum>())...}) {
-                QCOMPARE(QMetaType::fromName("Quorvex::" + name.toLatin1()).id(), type.id());
-                const auto converter = SVariantConvert::sVariantToStringFunction(type.id());
-                QVERIFY2(converter && converter(QVariant(), {}, {}).isEmpty(), qPrintable(name));
-            }
-        };
-        check(Bool_T::instance(), MetadataFlags_T::instance(), BinaryUnit_T::instance(),
-            SIPrefix_T::instance(), SILengthUnit_T::instance(), SCSLengthUnit_T::instance(),
-            ConcurrenceMode_T::instance(), SpecialFolder_T::instance(),
-            OperatingSystemType_T::instance(), CpuType_T::instance(), CpuFeatureFlags_T::instance(),
-            ByteOrder_T::instance());
+        for (const char *name : {"Bool", "MetadataFlags", "BinaryUnit", "SIPrefix", "SILengthUnit",
+                 "SCSLengthUnit", "ConcurrenceMode", "SpecialFolder", "OperatingSystemType",
+                 "CpuType", "CpuFeatureFlags", "ByteOrder"}) {
+            const QMetaType type = QMetaType::fromName(QByteArray("Quorvex::") + name);
+            const auto converter = SVariantConvert::sVariantToStringFunction(type.id());
+            QVERIFY2(converter, name);
+            COMPARE_ROW(name, converter(QVariant(), {}, {}), QString());
+        }
     }
 
     void keys()
@@ -213,14 +208,14 @@ private Q_SLOTS:
         const auto &systems = OperatingSystem_T::instance();
         QCOMPARE(systems.toString(OperatingSystem::macOS), "OS_X"_s);
         QCOMPARE(systems.toString(OperatingSystem(0x80000FFF), QLocale::c()), "2147487743"_s);
-        QCOMPARE(systems.keys().size(), 60);
         QCOMPARE(Bool_T::instance().keys().join(u' '), "False True"_s);
         QCOMPARE(Bool_TR::instance().keys(), Bool_T::instance().keys());
         QCOMPARE(Bool_TR::instance().headerPath(), "enums/bool"_s);
-        VERIFY_ALL(MetadataFlags_T::instance().isFlagSet(), !Bool_T::instance().isFlagSet());
-        const QStringList folders = SpecialFolder_T::instance().keys();
-        QCOMPARE(folders.size(), 23);
-        QVERIFY(folders.join(u' ').contains(" AppDataLocation AppLocalDataLocation "_s));
+        QVERIFY(MetadataFlags_T::instance().isFlagSet());
+        QVERIFY(!Bool_T::instance().isFlagSet());
+        // One value has two keys.
+        const QString folders = SpecialFolder_T::instance().keys().join(u' ');
+        QVERIFY(folders.contains(" AppDataLocation AppLocalDataLocation "_s));
     }
 
     void runtimeLoader()
@@ -250,6 +245,7 @@ private Q_SLOTS:
     void translatorLooksUpInOrder()
     {
         const QString folder = ":/translations"_s;
+        const QLocale german(QLocale::German);
         Translator translator;
         const auto etr = [&](const char *key, auto... options) {
             return translator.etr(string(key), options...).toLatin1();
@@ -273,7 +269,7 @@ private Q_SLOTS:
         QCOMPARE(etr("Maybe"), "run time");
         VERIFY_ALL(translator.remove("Maybe"_s), !translator.remove("Maybe"_s));
 
-        QVERIFY(translator.useTranslation("a {T:Bool} b"_s, QLocale(QLocale::German)));
+        QVERIFY(translator.useTranslation("a {T:Bool} b"_s, german));
         QVERIFY(translator.useTranslation("{T:All}"_s));
         QVERIFY(!translator.useTranslation("{T:All}"_s, QLocale(QLocale::Dutch)));
         QVERIFY(!translator.useTranslation("{t:all} {T:bool} {T:BinaryUnit}"_s));
@@ -282,7 +278,7 @@ private Q_SLOTS:
         QVERIFY(translator.load(QLocale(QLocale::French, QLocale::Canada), folder));
         QCOMPARE(etr("True", TranslateFallback), "True");
         QVERIFY(translator.load(QLocale("en"_s), folder));
-        QVERIFY(!translator.load(QLocale(QLocale::German), ":/nowhere"_s));
+        QVERIFY(!translator.load(german, ":/nowhere"_s));
         QVERIFY(!translator.load(QLocale(QLocale::Japanese), folder));
         QCOMPARE(etr("True"), "True");
     }
@@ -290,15 +286,16 @@ private Q_SLOTS:
     void writeTranslatorXML()
     {
         const QTemporaryDir folder;
-        QFile file(folder.filePath("a.ts"_s));
-        for (const char *document : {"longer than the next", "<TS>\xC3\xA4</TS>"})
-            QVERIFY(SEnumHelper::writeTranslatorXML(file.fileName(), string(document)));
-        VERIFY_ALL(file.open(QIODevice::ReadOnly), file.readAll() == "<TS>\xC3\xA4</TS>");
-        QVERIFY(!SEnumHelper::writeTranslatorXML(folder.filePath("no/a.ts"_s), {}));
-        QVERIFY(!SEnumHelper::writeTranslatorXML(static_cast<QIODevice *>(nullptr), {}));
-        QVERIFY(!SEnumHelper::writeTranslatorXML(QString(), {}));
+        const QString file = folder.filePath("a.ts"_s);
+        for (const char *document : {"longer than the next", "<TS>\xC3\xA4</TS>"}) {
+            QVERIFY(SEnumHelper::writeTranslatorXML(file, string(document)));
+            QCOMPARE(contentOf(file), document);
+        }
+        for (const QString &bad : {folder.filePath("no/a.ts"_s), QString()})
+            QVERIFY2(!SEnumHelper::writeTranslatorXML(bad, {}), qPrintable(bad));
         QBuffer device;
-        VERIFY_ALL(SEnumHelper::writeTranslatorXML(&device, "x"_s), !device.isOpen());
+        QVERIFY(SEnumHelper::writeTranslatorXML(&device, "x"_s));
+        QVERIFY(!device.isOpen());
         QCOMPARE(device.data(), "x");
     }
 
