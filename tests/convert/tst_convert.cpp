@@ -40,7 +40,7 @@ private Q_SLOTS:
             C::sVariantToStringRegister(QMetaType::Int, converter);
         QVERIFY(C::sVariantToStringFunction(QMetaType::Int) == second);
         QVERIFY(C::isSVariantToStringRegistered(QMetaType::Int));
-        // For the thread sanitizer, and for a map that loses entries.
+        // Finds races under the thread sanitizer, and a map that loses entries.
         const auto fill = [&](int begin) {
             for (int i = begin; i < 2000; i += 2) {
                 C::sVariantToStringRegister(100000 + i, first);
@@ -105,7 +105,7 @@ private Q_SLOTS:
         using U = SCSLengthUnit;
         QCOMPARE(SUnitConvert::toFoots(1.0F, U::Yard), 3.0F);
         QCOMPARE(SUnitConvert::toFoots(-23, U::Inch), -1);
-        // Wraps as the promoted type does, and only then has to fit the type itself.
+        // The product wraps in the promoted type; only then is it cut to the type itself.
         QCOMPARE(SUnitConvert::toInches(70000, U::Mile), 140232704);
         QCOMPARE(SUnitConvert::toYards(Min<qint64>, U::Foot), 0);
         QCOMPARE(SUnitConvert::toInches(quint8(1), U::Mile), quint8(255));

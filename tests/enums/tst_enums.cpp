@@ -44,7 +44,7 @@ struct Translator : SEnumTranslatorBase
     QString m_name;
 };
 
-/// Does while it is called what a careless one might: registers and unregisters translators.
+/// Registers and unregisters translators while it is called, as a careless loader might.
 struct FruitLoader : ISEnumRuntimeLoader
 {
     void load(SEnumTranslatorBase *translator) override
@@ -64,7 +64,7 @@ struct FruitLoader : ISEnumRuntimeLoader
     static inline std::atomic<int> loads = 0;
 };
 
-/// Makes words of the default language, and uses meanwhile what is being loaded.
+/// Adds words in the default language, and uses the translator while that is loaded.
 struct BoolLoader : ISEnumRuntimeLoader
 {
     void load(SEnumTranslatorBase *translator) override
@@ -85,7 +85,7 @@ struct BoolLoader : ISEnumRuntimeLoader
 
 constexpr auto look = [](const auto &...) {};
 
-/// What an application's enumeration has.
+/// A translator made at first use, as every enumeration of an application has one.
 Translator &madeAtFirstUse()
 {
     static Translator translator("Other");
@@ -126,7 +126,7 @@ private Q_SLOTS:
         TavexApplication::init(QLocale(QLocale::Dutch));
         QCOMPARE(m_loader->seen, "xDe helft"_s);
 
-        // One that goes takes no other one's turn.
+        // A translator that goes while others are loaded keeps none of them from being loaded.
         m_loader->meanwhile = [](auto *) {};
         auto gone = std::make_unique<Translator>("Gone");
         const Translator going;
@@ -140,7 +140,7 @@ private Q_SLOTS:
         QCOMPARE(last.etr("True"_s), "Wahr"_s);
     }
 
-    // Words are those of one language, whoever loads, looks up or changes.
+    // All words of one call are of one language, whatever other threads load or change.
     void everythingAtOnce()
     {
         std::atomic<int> mixed = 0;
@@ -175,7 +175,7 @@ private Q_SLOTS:
                     look(fruits.keys(), BinaryUnit_TR::instance().etr("KiB"_s),
                         OperatingSystemType_TR::instance().etr("Linux"_s),
                         SEnumRuntimeLoader::loader("Bool"_s));
-                    // MinGW destroys what Qt's expressions keep for a thread after freeing it.
+                    // With MinGW a thread that used QRegularExpression crashes at its end.
                     if (!SSysInfo::isWindows())
                         look(SClassName::displayName("SMetaInt8"_s));
                 });
@@ -281,22 +281,6 @@ private Q_SLOTS:
         QVERIFY(!translator.load(german, ":/nowhere"_s));
         QVERIFY(!translator.load(QLocale(QLocale::Japanese), folder));
         QCOMPARE(etr("True"), "True");
-    }
-
-    void writeTranslatorXML()
-    {
-        const QTemporaryDir folder;
-        const QString file = folder.filePath("a.ts"_s);
-        for (const char *document : {"longer than the next", "<TS>\xC3\xA4</TS>"}) {
-            QVERIFY(SEnumHelper::writeTranslatorXML(file, string(document)));
-            QCOMPARE(contentOf(file), document);
-        }
-        for (const QString &bad : {folder.filePath("no/a.ts"_s), QString()})
-            QVERIFY2(!SEnumHelper::writeTranslatorXML(bad, {}), qPrintable(bad));
-        QBuffer device;
-        QVERIFY(SEnumHelper::writeTranslatorXML(&device, "x"_s));
-        QVERIFY(!device.isOpen());
-        QCOMPARE(device.data(), "x");
     }
 
 private:

@@ -27,7 +27,7 @@ void roundTrips(Input &input, const QLocale &locale)
     const auto single = input.number<float>();
     check(real != real || readsBack(real, locale));
     check(single != single || readsBack(single, locale));
-    // Of a size that people write, too.
+    // A number of usual size as well.
     if (std::isfinite(real) && real != 0)
         check(readsBack(std::ldexp(real, base - std::ilogb(real)), locale));
     if (std::isfinite(real) && std::isfinite(single)) {
@@ -47,7 +47,7 @@ void reads(Input &input, const QLocale &locale)
     const auto unsignedInteger = SConvert::toUInt64(text, &ok, locale, base);
     check(!ok || integer < 0 || quint64(integer) == unsignedInteger || integer == 0);
     check(SConvert::toUInt8(text, locale) == quint8(SConvert::toUInt16(text, locale)));
-    bool qtReads = false; // Then its word stands.
+    bool qtReads = false; // Where it does, SConvert has to agree.
     const double real = locale.toDouble(text, &qtReads);
     const double ours = SConvert::toDouble(text, &ok, locale);
     check(!qtReads || (ok && (ours == real || real != real)));

@@ -57,7 +57,7 @@ private:
     quint64 m_kind;
 };
 
-/// Hears of changes, rejects negative numbers and may hide its values.
+/// Records changes, rejects negative numbers and can hide its values.
 class Owner : public SMetadatable
 {
 public:
@@ -131,7 +131,7 @@ private Q_SLOTS:
         QCOMPARE(SMetaUInt8(-3.9).value(), quint8(0));
         QCOMPARE(SMetaListInt32({}).size() + SMetaListBool({}).size(), 0);
 
-        // The base can be given what the class does not hold.
+        // Through its base a value can be assigned that the class does not hold.
         SMetaInt32 number(1);
         static_cast<SMetaVariant &>(number) = Own<SMetaVariant>("42"_s);
         QCOMPARE(number.value(), 42);
@@ -181,7 +181,7 @@ private Q_SLOTS:
     {
         Owner owner;
         VERIFY_ALL(!owner.setMetadata(nullptr, true), !owner.setMetadata(nullptr, false));
-        // Such a value is not even equal to itself.
+        // NaN is not equal to itself.
         auto *const nan = new SMetaDouble(std::numeric_limits<double>::quiet_NaN());
         for (const bool takeOwnership : {true, true, false})
             QVERIFY(owner.setMetadata(nan, takeOwnership));
@@ -230,8 +230,7 @@ private Q_SLOTS:
         QCOMPARE(owner.metadataCount(), 0);
     }
 
-    // Thousands of random operations beside a plain model; after each, exactly those live that
-    // should.
+    // Random operations beside a plain model: after each, exactly the values of the model exist.
     void ownershipIsExact()
     {
         struct Slot
