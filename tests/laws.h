@@ -41,22 +41,19 @@ T to(const auto &...how)
         return C::toDouble(how...);
 }
 
-/// Whether what is written of a number is read back as the very same one; there are two of 0.
+/// Whether what is written of a number, of a point or the like is read back as the very same one;
+/// there are two of 0.
 template <typename T>
-bool readsBack(
-    T value, const QLocale &locale, const QString &format = {}) requires std::is_arithmetic_v<T>
+bool readsBack(const T &value, const QLocale &locale, const QString &format = {})
 {
-    const QString text = Quorvex::SConvert::toString(value, format, locale);
-    bool ok = false;
-    const T read = to<T>(text, &ok, locale);
-    return ok && read == value && std::signbit(double(read)) == std::signbit(double(value))
-        && to<T>(QVariant(text), locale) == value;
-}
-
-/// The same of a point and the like.
-template <typename T>
-bool readsBack(const T &value, const QLocale &locale)
-{
-    const QString text = value.toString(locale);
-    return T::fromString(text, locale) == value && !T::fromString(text + u'x', locale);
+    if constexpr (std::is_arithmetic_v<T>) {
+        const QString text = Quorvex::SConvert::toString(value, format, locale);
+        bool ok = false;
+        const T read = to<T>(text, &ok, locale);
+        return ok && read == value && std::signbit(double(read)) == std::signbit(double(value))
+            && to<T>(QVariant(text), locale) == value;
+    } else {
+        const QString text = value.toString(locale);
+        return T::fromString(text, locale) == value && !T::fromString(text + u'x', locale);
+    }
 }

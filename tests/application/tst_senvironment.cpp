@@ -46,9 +46,9 @@ private Q_SLOTS:
             {u"XDG_DATA_HOME=/x XDG_DATA_DIRS=/y", F::ColorFolder, u""}};
         for (const auto &[environment, folder, path] : rows) {
             setEnvironment(QString::fromUtf16(environment).split(u' '));
-            QCOMPARE(SEnvironment::getFolder(folder, false), QString::fromUtf16(path));
-            if (folder != F::RootLocation)
-                QCOMPARE(SEnvironment::getFolder(folder, true), QString::fromUtf16(path));
+            for (const bool writable : {false, folder != F::RootLocation})
+                COMPARE_ROW(environment, SEnvironment::getFolder(folder, writable),
+                    QString::fromUtf16(path));
         }
     }
 

@@ -14,7 +14,8 @@ trap 'rm -rf "$dir"' EXIT
 for round in $(seq "$rounds"); do
     [ "$round" -ne $((rounds / 2)) ] || export TAVEX_NAMED=1
     for i in 1 2 3; do
-        timeout -s KILL "0.0$(shuf -i 20-90 -n 1)" "$writer" "$dir" loop $((round * 1000 + i)) &
+        # In the foreground it waits until the killed one is gone.
+        timeout --foreground -s KILL "0.0$(shuf -i 20-90 -n 1)" "$writer" "$dir" loop $((round * 1000 + i)) &
     done
     wait
     "$writer" "$dir" whole || { cp -r "$dir" "$PWD/killed.failed"; echo "FAILED: round $round"; exit 1; }

@@ -13,7 +13,7 @@
 namespace {
 
 const QString Key = "key"_s;
-/// SHA-256 of the key, by another program.
+/// SHA-256 of the key, as another program computes it.
 const char *const KeyFile = "2c70e12b7a0646f92279f427c7b38e7334d8e5389cff167a1dc30e73f826b683";
 
 /// Whether a value that is being read can be replaced.
@@ -21,7 +21,7 @@ const bool CanReplace = QOperatingSystemVersion::currentType() != QOperatingSyst
 
 /// What an index begins with.
 const QByteArray Magic = QByteArray::fromHex("c0e6a09cc943403994b5ccaee60e32e8");
-/// Where files are that are not yet values.
+/// The folder of files that are being written.
 const char *const NewFolder = "new-c0e6a09c-c943-4039-94b5-ccaee60e32e8";
 
 } // namespace
@@ -79,7 +79,7 @@ private:
         VERIFY_ALL(!cache.contains(Key), cache.insert(Key, "w"), files().size() == 4);
         VERIFY_ALL(cache.value(device, &copy), copy.data() == large, !copy.isOpen());
         VERIFY_ALL(cache.value(object, &reader), number == 2, cache.value(device) == large);
-        // As that version of streams does.
+        // That version of streams writes a float in eight bytes.
         QCOMPARE(cache.value(object).toHex(), QByteArray("4000000000000000"));
         VERIFY_ALL(!cache.isEmpty(), cache.contains(Key), cache.folder() == m_folder.path());
         cache.clear();
@@ -88,7 +88,7 @@ private:
         QCOMPARE(Cache({}, m_folder.path()).name().remove(u'-').size(), 32);
     }
 
-    /// Of any number at a time nobody fails, and they leave nothing but values.
+    /// Many writers at a time all succeed and leave nothing but values.
     void useWriters()
     {
         init();
@@ -151,7 +151,7 @@ private Q_SLOTS:
         check(&refuses);
         check(static_cast<QIODevice *>(nullptr));
         check(static_cast<Quorvex::Interfaces::ISerializable *>(nullptr));
-        // What is in the way of the file cannot be removed, but is no value any more.
+        // A folder in place of the file cannot be removed, but counts as no value.
         VERIFY_ALL(cache.insert(Key, "v"), QFile::remove(at(KeyFile)));
         VERIFY_ALL(QDir(at(KeyFile)).mkpath("x"_s), !cache.remove(Key), cache.contains(Key));
         cache.clear();
@@ -169,7 +169,7 @@ private Q_SLOTS:
 
     void halfWritten()
     {
-        // What has another name than the folder is the application's.
+        // Files whose names only resemble the folder's belong to the application.
         const QStringList own{"new-"_s, "new-0"_s, "new-63"_s};
         for (const QString &name : own)
             put(qPrintable(name), "own");
@@ -200,15 +200,15 @@ private Q_SLOTS:
             std::thread([&] { refuseNameless(links) ? useWriters() : void(); }).join();
     }
 
-    // A limit on the size of files stands for a full disk, one on their number for none to write
-    // to.
+    // A limit on the size of files imitates a full disk, one on open files a system without
+    // handles.
     void nothingFits()
     {
         SNvCache cache = open();
         QByteArray large(100'000, 'x');
         QBuffer buffer(&large);
         Value pieces = careless(large);
-        // The system takes a part of it.
+        // One large write, of which the system takes a part.
         Value rash([&](QDataStream &stream) { return stream.device()->write(large) != 0; });
         const auto row = [&](auto resource, rlim_t limit, const auto &source, bool stays) {
             QVERIFY(cache.insert(Key, "v"));
@@ -265,7 +265,7 @@ private Q_SLOTS:
 
     void makesDirectories()
     {
-        // Open to the user alone, and where the system sees them: ".." of a link is elsewhere.
+        // Only the user may open them. The system, not the text, resolves ".." behind a link.
         QVERIFY(QDir(m_path).mkpath("far/off"_s));
         QVERIFY(QFile::link("far/off"_s, at("link")));
         SNvCache cache("a/b"_s, at("link/.."));
@@ -286,17 +286,13 @@ private Q_SLOTS:
         QVERIFY(SNvCache("gone"_s, m_path).isNull());
     }
 
-    // They have no size, and seem to be at their end before they are read.
-    void unsizedSources()
+    // It has no size, and seems to be at its end before it is read.
+    void unsizedSource()
     {
         SNvCache cache = open();
         QFile system("/proc/self/stat"_s);
-        VERIFY_ALL(cache.insert(Key, &system), cache.value(Key).contains("tst_snvcache"));
-        int ends[2];
-        VERIFY_ALL(pipe(ends) == 0, write(ends[1], "through", 7) == 7, ::close(ends[1]) == 0);
-        QFile reader;
-        QVERIFY(reader.open(ends[0], QIODevice::ReadOnly, QFile::AutoCloseHandle));
-        VERIFY_ALL(cache.insert(Key, &reader), cache.value(Key) == "through");
+        QVERIFY(cache.insert(Key, &system));
+        QVERIFY(cache.value(Key).contains("tst_snvcache"));
     }
 #endif
 

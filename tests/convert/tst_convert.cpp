@@ -12,11 +12,12 @@ private Q_SLOTS:
             {"tlh", "tlh", "tlh"}, {"TLH", "tlh", "tlh"}, {"no such locale", "C", "C"}};
         for (const auto &[name, full, language] : rows) {
             const SLocale locale(string(name));
-            QCOMPARE(locale.name(), QLatin1String(full));
-            QCOMPARE(locale.name(true), QLatin1String(language));
-            QCOMPARE(SLocale::lcName(locale, true), QLatin1String(full));
-            QCOMPARE(SLocale::lcName(locale), string(full).replace(u'_', u'-'));
-            QCOMPARE(SLocale::isKlingon(locale), full == QByteArray("tlh"));
+            const QStringList names{locale.name(), locale.name(true), SLocale::lcName(locale, true),
+                SLocale::lcName(locale)};
+            COMPARE_ROW(name, names.join(u' '),
+                "%1 %2 %1 %3"_s.arg(
+                    string(full), string(language), string(full).replace(u'_', u'-')));
+            COMPARE_ROW(name, SLocale::isKlingon(locale), full == QByteArray("tlh"));
         }
         const QLocale german(QLocale::German);
         QCOMPARE(SLocale("tlh"_s).nativeLanguageName(), "tlhIngan Hol"_s);
@@ -39,7 +40,7 @@ private Q_SLOTS:
             C::sVariantToStringRegister(QMetaType::Int, converter);
         QVERIFY(C::sVariantToStringFunction(QMetaType::Int) == second);
         QVERIFY(C::isSVariantToStringRegistered(QMetaType::Int));
-        // For the thread sanitizer, and for a map that loses entries.
+        // Finds races under the thread sanitizer, and a map that loses entries.
         const auto fill = [&](int begin) {
             for (int i = begin; i < 2000; i += 2) {
                 C::sVariantToStringRegister(100000 + i, first);
@@ -104,7 +105,7 @@ private Q_SLOTS:
         using U = SCSLengthUnit;
         QCOMPARE(SUnitConvert::toFoots(1.0F, U::Yard), 3.0F);
         QCOMPARE(SUnitConvert::toFoots(-23, U::Inch), -1);
-        // Wraps as the promoted type does, and only then has to fit the type itself.
+        // The product wraps in the promoted type; only then is it cut to the type itself.
         QCOMPARE(SUnitConvert::toInches(70000, U::Mile), 140232704);
         QCOMPARE(SUnitConvert::toYards(Min<qint64>, U::Foot), 0);
         QCOMPARE(SUnitConvert::toInches(quint8(1), U::Mile), quint8(255));

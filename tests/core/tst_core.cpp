@@ -52,7 +52,7 @@ private Q_SLOTS:
         for (const auto &[name, words] :
             {std::pair("SMetaInt32", "Int 32"), {"SMetaJsonDocument", "Json Document"},
                 {"SMetaListUInt16", "List UInt 16"}, {"My_Own__Value", "My Own Value"},
-                {"a|b", "a |b"}, // The bar begins a word as a digit does.
+                {"a|b", "a |b"}, // A bar begins a word, as a digit does.
                 {"Sample", "Sample"}, {"S", "S"}, {"", ""}})
             QCOMPARE(SClassName::displayName(string(name)), QLatin1String(words));
     }
@@ -104,7 +104,7 @@ private Q_SLOTS:
         VERIFY_ALL(version < 131085U, version >= qint64(131084), 1 < version);
         VERIFY_ALL(SVersion::invalidVersion() != 0xFFFFFFFFU, SVersion::invalidVersion() < 0U);
         VERIFY_ALL(version + 1 == SVersion(2, 0, 13), version - 1L == SVersion(2, 0, 11));
-        // What the language takes for a number counts as one.
+        // So do enumerators, characters and truth values.
         VERIFY_ALL(version == Number, Number == version, version - Number == SVersion());
         VERIFY_ALL(SVersion('a') == 'a', SVersion(1) == true, version > true, 'a' < version);
     }
@@ -119,7 +119,7 @@ private Q_SLOTS:
         };
         const Row rows[] = {{"10.20.30", {10, 20, 30}}, {"v1.2.3-beta", {1, 2, 3}},
             {"1-2-3", {1, 2, 3}}, {"1.2.345", {1, 2, 34}},
-            {"123.4.5", {1, 3, 4}}, // The dots stand for any character, a digit too.
+            {"123.4.5", {1, 3, 4}}, // A dot stands for any character, even a digit.
             {"1.2", {}}, {"abc", {}}, {"", {}}, {"3/2/1", {1, 2, 3}, " {pp}/{mm}/{MM} "},
             {"7", {7, 0, 0}, "{MM}"}, {"7,000", {7000, 0, 0}, "(?<major>.+)"},
             {"99999999999", {}, "(?<major>.+)"}, {"x", {}, "(?<major>.+)"},

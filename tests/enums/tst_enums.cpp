@@ -42,7 +42,7 @@ struct Translator : SEnumTranslatorBase
     QString m_name;
 };
 
-/// Does while it is called what a careless one might: registers and unregisters translators.
+/// Registers and unregisters translators while it is called, as a careless loader might.
 struct FruitLoader : ISEnumRuntimeLoader
 {
     void load(SEnumTranslatorBase *translator) override
@@ -62,7 +62,7 @@ struct FruitLoader : ISEnumRuntimeLoader
     static inline std::atomic<int> loads = 0;
 };
 
-/// Makes words of the default language, and uses meanwhile what is being loaded.
+/// Adds words in the default language, and uses the translator while that is loaded.
 struct BoolLoader : ISEnumRuntimeLoader
 {
     void load(SEnumTranslatorBase *translator) override
@@ -83,7 +83,7 @@ struct BoolLoader : ISEnumRuntimeLoader
 
 constexpr auto look = [](const auto &...) {};
 
-/// What an application's enumeration has.
+/// A translator made at first use, as every enumeration of an application has one.
 Translator &madeAtFirstUse()
 {
     static Translator translator("Other");
@@ -124,7 +124,7 @@ private Q_SLOTS:
         TavexApplication::init(QLocale(QLocale::Dutch));
         QCOMPARE(m_loader->seen, "xDe helft"_s);
 
-        // One that goes takes no other one's turn.
+        // A translator that goes while others are loaded keeps none of them from being loaded.
         m_loader->meanwhile = [](auto *) {};
         auto gone = std::make_unique<Translator>("Gone");
         const Translator going;
@@ -138,7 +138,7 @@ private Q_SLOTS:
         QCOMPARE(last.etr("True"_s), "Wahr"_s);
     }
 
-    // Words are those of one language, whoever loads, looks up or changes.
+    // All words of one call are of one language, whatever other threads load or change.
     void everythingAtOnce()
     {
         std::atomic<int> mixed = 0;
@@ -173,7 +173,7 @@ private Q_SLOTS:
                     look(fruits.keys(), BinaryUnit_TR::instance().etr("KiB"_s),
                         OperatingSystemType_TR::instance().etr("Linux"_s),
                         SEnumRuntimeLoader::loader("Bool"_s));
-                    // MinGW destroys what Qt's expressions keep for a thread after freeing it.
+                    // With MinGW a thread that used QRegularExpression crashes at its end.
                     if (!SSysInfo::isWindows())
                         look(SClassName::displayName("SMetaInt8"_s));
                 });
@@ -184,19 +184,14 @@ private Q_SLOTS:
     // Known by name and printable before anything in this program asked for the id.
     void metaTypes()
     {
-        const auto check = []<typename... Tables>(const Tables &...tables) {
-            for (const auto &[name, type] :
-                {std::pair(tables.name(), QMetaType::fromType<typename Tables::Enum>())...}) {
-                QCOMPARE(QMetaType::fromName("Quorvex::" + name.toLatin1()).id(), type.id());
-                const auto converter = SVariantConvert::sVariantToStringFunction(type.id());
-                QVERIFY2(converter && converter(QVariant(), {}, {}).isEmpty(), qPrintable(name));
-            }
-        };
-        check(Bool_T::instance(), MetadataFlags_T::instance(), BinaryUnit_T::instance(),
-            SIPrefix_T::instance(), SILengthUnit_T::instance(), SCSLengthUnit_T::instance(),
-            ConcurrenceMode_T::instance(), SpecialFolder_T::instance(),
-            OperatingSystemType_T::instance(), CpuType_T::instance(), CpuFeatureFlags_T::instance(),
-            ByteOrder_T::instance());
+        for (const char *name : {"Bool", "MetadataFlags", "BinaryUnit", "SIPrefix", "SILengthUnit",
+                 "SCSLengthUnit", "ConcurrenceMode", "SpecialFolder", "OperatingSystemType",
+                 "CpuType", "CpuFeatureFlags", "ByteOrder"}) {
+            const QMetaType type = QMetaType::fromName(QByteArray("Quorvex::") + name);
+            const auto converter = SVariantConvert::sVariantToStringFunction(type.id());
+            QVERIFY2(converter, name);
+            COMPARE_ROW(name, converter(QVariant(), {}, {}), QString());
+        }
     }
 
     void keys()
@@ -211,14 +206,14 @@ private Q_SLOTS:
         const auto &systems = OperatingSystem_T::instance();
         QCOMPARE(systems.toString(OperatingSystem::macOS), "OS_X"_s);
         QCOMPARE(systems.toString(OperatingSystem(0x80000FFF), QLocale::c()), "2147487743"_s);
-        QCOMPARE(systems.keys().size(), 60);
         QCOMPARE(Bool_T::instance().keys().join(u' '), "False True"_s);
         QCOMPARE(Bool_TR::instance().keys(), Bool_T::instance().keys());
         QCOMPARE(Bool_TR::instance().headerPath(), "enums/bool"_s);
-        VERIFY_ALL(MetadataFlags_T::instance().isFlags(), !Bool_T::instance().isFlags());
-        const QStringList folders = SpecialFolder_T::instance().keys();
-        QCOMPARE(folders.size(), 23);
-        QVERIFY(folders.join(u' ').contains(" AppDataLocation AppLocalDataLocation "_s));
+        QVERIFY(MetadataFlags_T::instance().isFlags());
+        QVERIFY(!Bool_T::instance().isFlags());
+        // One value has two keys.
+        const QString folders = SpecialFolder_T::instance().keys().join(u' ');
+        QVERIFY(folders.contains(" AppDataLocation AppLocalDataLocation "_s));
     }
 
     void runtimeLoader()
@@ -248,6 +243,7 @@ private Q_SLOTS:
     void translatorLooksUpInOrder()
     {
         const QString folder = ":/translations"_s;
+        const QLocale german(QLocale::German);
         Translator translator;
         const auto etr = [&](const char *key, auto... options) {
             return translator.etr(string(key), options...).toLatin1();
@@ -271,7 +267,7 @@ private Q_SLOTS:
         QCOMPARE(etr("Maybe"), "run time");
         VERIFY_ALL(translator.remove("Maybe"_s), !translator.remove("Maybe"_s));
 
-        QVERIFY(translator.useTranslation("a {T:Bool} b"_s, QLocale(QLocale::German)));
+        QVERIFY(translator.useTranslation("a {T:Bool} b"_s, german));
         QVERIFY(translator.useTranslation("{T:All}"_s));
         QVERIFY(!translator.useTranslation("{T:All}"_s, QLocale(QLocale::Dutch)));
         QVERIFY(!translator.useTranslation("{t:all} {T:bool} {T:BinaryUnit}"_s));
@@ -280,24 +276,9 @@ private Q_SLOTS:
         QVERIFY(translator.load(QLocale(QLocale::French, QLocale::Canada), folder));
         QCOMPARE(etr("True", TranslateFallback), "True");
         QVERIFY(translator.load(QLocale("en"_s), folder));
-        QVERIFY(!translator.load(QLocale(QLocale::German), ":/nowhere"_s));
+        QVERIFY(!translator.load(german, ":/nowhere"_s));
         QVERIFY(!translator.load(QLocale(QLocale::Japanese), folder));
         QCOMPARE(etr("True"), "True");
-    }
-
-    void writeTranslatorXML()
-    {
-        const QTemporaryDir folder;
-        QFile file(folder.filePath("a.ts"_s));
-        for (const char *document : {"longer than the next", "<TS>\xC3\xA4</TS>"})
-            QVERIFY(SEnumHelper::writeTranslatorXML(file.fileName(), string(document)));
-        VERIFY_ALL(file.open(QIODevice::ReadOnly), file.readAll() == "<TS>\xC3\xA4</TS>");
-        QVERIFY(!SEnumHelper::writeTranslatorXML(folder.filePath("no/a.ts"_s), {}));
-        QVERIFY(!SEnumHelper::writeTranslatorXML(static_cast<QIODevice *>(nullptr), {}));
-        QVERIFY(!SEnumHelper::writeTranslatorXML(QString(), {}));
-        QBuffer device;
-        VERIFY_ALL(SEnumHelper::writeTranslatorXML(&device, "x"_s), !device.isOpen());
-        QCOMPARE(device.data(), "x");
     }
 
 private:

@@ -89,8 +89,22 @@ private Q_SLOTS:
         QCOMPARE(SFileHelper::writeAllBuffer(&closed, &byte, 1, 0), -1);
     }
 
+    void writeTranslatorXML()
+    {
+        QFile file(path("a.ts"));
+        for (const char *document : {"longer than the next", "<TS>\xC3\xA4</TS>"}) {
+            QVERIFY(SEnumHelper::writeTranslatorXML(file.fileName(), string(document)));
+            QCOMPARE(contentOf(file.fileName()), document);
+        }
+        QVERIFY(SEnumHelper::writeTranslatorXML(&file, "x"_s));
+        QVERIFY(!file.isOpen());
+        QCOMPARE(contentOf(file.fileName()), "x");
+        for (const QString &bad : {path("no/a.ts"), QString()})
+            QVERIFY2(!SEnumHelper::writeTranslatorXML(bad, {}), qPrintable(bad));
+    }
+
 #ifdef Q_OS_UNIX
-    // They say from the start that they are at their end.
+    // They claim to be at their end before anything is read.
     void streams()
     {
         int ends[2];
@@ -112,7 +126,7 @@ private Q_SLOTS:
     }
 #endif
 
-    // What fits Qt's own buffer is refused only when that is emptied.
+    // Small data fits the buffer of QFile: writing fails only when that is flushed.
     void fullDisk()
     {
         QFile full("/dev/full"_s);
@@ -151,7 +165,7 @@ private Q_SLOTS:
         VERIFY_ALL(QFile::exists(path("%1 отчёт - 99.tar.gz")), QFile::exists(path("Отчёт - 99")));
     }
 
-    // The child ends as programs do, and deletes what is its own.
+    // Each object deletes its file when it ends, deleteNow() what was registered before.
     void deletesAtExit()
     {
         const QString deep = path("x/kept/") + QString(127, QChar(0x5D0)) + QLatin1Char('x');
@@ -169,8 +183,10 @@ private Q_SLOTS:
             ended.setFileName(other.fileName());
         }
         QVERIFY(!ended.exists());
-        QVERIFY(QDir::setCurrent(path("x/kept"))); // What an empty path is not to stand for.
-        VERIFY_ALL(SDir("."_s).link(path("x/link")), !SDir({}).link(path("x/none")));
+        QVERIFY(QDir::setCurrent(path("x/kept"))); // An empty path must not mean this folder.
+        QVERIFY(SDir("."_s).link(path("x/link")));
+        const QString bad = SSysInfo::isWindows() ? "a\" & \"b"_s : QString();
+        QVERIFY(!SDir(bad).link(path("x/none")));
         QVERIFY(SDir(path("x/gone")).link(path("x/dangling")));
         QVERIFY(SDir(path("x/kept")).link(path("x/gone/below/link")));
         const QStringList names{path("x/gone"), path("x/late"), path("x/link//./"), path("x/gone"),
@@ -185,7 +201,8 @@ private Q_SLOTS:
         QVERIFY(SSysInfo::isWindows() || QFile::link(path("x/copy"), path("x/lost")));
         VERIFY_ALL(QFile::exists(path("x/gone")), QDir().mkdir(path("x/late")));
         SFileHelper::deleteNow();
-        QVERIFY(QDir().mkdir(path("x/never"))); // It was not there when it could be deleted.
+        QVERIFY(
+            QDir().mkdir(path("x/never"))); // The call above dropped it, since it did not exist.
         SFileHelper::deleteNow();
         QVERIFY(QDir::setCurrent(m_folder.path()));
         QStringList left = SDir::search(path("x"), {}, QDirIterator::Subdirectories);
@@ -195,7 +212,7 @@ private Q_SLOTS:
                 {path("x/kept"), path("x/kept/.hidden"), deep, path("x/late"), path("x/never")}));
     }
 
-    // What ".." means: to Windows what the text says, elsewhere the folder above the link's target.
+    // ".." behind a link is the link's folder on Windows, elsewhere the folder above its target.
     void parents()
     {
         const QString here = path(SSysInfo::isWindows() ? "up" : "up/a");
@@ -225,7 +242,7 @@ private Q_SLOTS:
     }
 
 #ifdef Q_OS_UNIX
-    // Parent and child both have the number 1 where namespaces are allowed.
+    // With namespaces of their own, parent and child have the same process id, 1.
     void children()
     {
         const QString own = path("own");
@@ -249,7 +266,8 @@ private:
         return m_folder.filePath(QString::fromUtf8(name));
     }
 
-    QTemporaryDir m_folder;
+    // Characters that a shell which makes links could misread.
+    QTemporaryDir m_folder{QDir::temp().filePath("a & b größe-XXXXXX"_s)};
 };
 
 QTEST_GUILESS_MAIN(TestFiles)

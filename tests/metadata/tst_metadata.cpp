@@ -57,7 +57,7 @@ private:
     quint64 m_kind;
 };
 
-/// Hears of changes, rejects negative numbers and may hide its values.
+/// Records changes, rejects negative numbers and can hide its values.
 class Owner : public SMetadatable
 {
 public:
@@ -106,10 +106,11 @@ private Q_SLOTS:
                 QVERIFY((casts<ICloneable, IFormattable, IEquatable, IIdentifiable>(value)));
                 VERIFY_ALL(!value->isSameTypeAs(nullptr), !value->equalsTo(nullptr));
                 for (std::size_t k = 0; k < ours.size(); ++k) {
-                    QCOMPARE(value->id() == ours[k]->id(), k == i);
-                    QCOMPARE(value->isSameTypeAs(ours[k].get()), k == i);
-                    QCOMPARE(value->equalsTo(ours[k].get()), k == i);
-                    QCOMPARE(ours[k]->equalsTo(value), k == i);
+                    const QList<bool> same{value->id() == ours[k]->id(),
+                        value->isSameTypeAs(ours[k].get()), value->equalsTo(ours[k].get()),
+                        ours[k]->equalsTo(value)};
+                    COMPARE_ROW(
+                        value->name() + u' ' + ours[k]->name(), same, QList<bool>(4, k == i));
                 }
                 const bool isStamp = dynamic_cast<SMetaDateTime *>(value);
                 QCOMPARE(value->flags(), isStamp ? MetadataFlags::Volatile : MetadataFlags::None);
@@ -130,7 +131,7 @@ private Q_SLOTS:
         QCOMPARE(SMetaUInt8(-3.9).value(), quint8(0));
         QCOMPARE(SMetaListInt32({}).size() + SMetaListBool({}).size(), 0);
 
-        // The base can be given what the class does not hold.
+        // Through its base a value can be assigned that the class does not hold.
         SMetaInt32 number(1);
         static_cast<SMetaVariant &>(number) = Own<SMetaVariant>("42"_s);
         QCOMPARE(number.value(), 42);
@@ -141,22 +142,22 @@ private Q_SLOTS:
 
     void texts()
     {
-        const std::tuple<QByteArray, QString, QString> rows[] = {
-            {"\xC3\xA9", {}, "\u00E9"_s},
-            {QByteArray("\xFF\xFE\0", 3), {}, "Binary data [len: 3 bytes]"_s},
-            {"a\xC3", {}, "Binary data [len: 2 bytes]"_s},
-            {"\xC0\x80", {}, "Binary data [len: 2 bytes]"_s},
-            {"\xFF", "iso-8859-1"_s, "\u00FF"_s},
-            {QByteArray("\0a", 2), "UTF-16BE"_s, "a"_s},
-            {"a", "no-such"_s, "Binary data [len: 1 bytes]"_s},
-            {QByteArray("\0a\0", 3), "UTF-16BE"_s, "Binary data [len: 3 bytes]"_s},
-            {QByteArray("\xD8\0\0a", 4), "UTF-16BE"_s, "Binary data [len: 4 bytes]"_s},
-            {QByteArray("a\0\0", 3), "UTF-32LE"_s, "Binary data [len: 3 bytes]"_s},
-            {QByteArray("\xFF\xFE\0\0a\0\0\0", 8), "UTF-32"_s, "a"_s},
-            {QByteArray("\x3D\xD8\0\0\0\xDE\0\0", 8), "UTF-32LE"_s, "Binary data [len: 8 bytes]"_s},
-        };
-        for (const auto &[bytes, encoding, text] : rows)
-            QCOMPARE(Own<SMetaByteArray>(bytes).toString(encoding), text);
+        // Null stands for bytes that are no text.
+        const std::tuple<QByteArray, const char *, const char *> rows[] = {
+            {"\xC3\xA9", "", "\u00E9"}, {QByteArray("\xFF\xFE\0", 3), "", nullptr},
+            {"a\xC3", "", nullptr}, {"\xC0\x80", "", nullptr}, {"\xFF", "iso-8859-1", "\u00FF"},
+            {QByteArray("\0a", 2), "UTF-16BE", "a"}, {"a", "no-such", nullptr},
+            {QByteArray("\0a\0", 3), "UTF-16BE", nullptr},
+            {QByteArray("\xD8\0\0a", 4), "UTF-16BE", nullptr},
+            {QByteArray("a\0\0", 3), "UTF-32LE", nullptr},
+            {QByteArray("\xFF\xFE\0\0a\0\0\0", 8), "UTF-32", "a"},
+            {QByteArray("\x3D\xD8\0\0\0\xDE\0\0", 8), "UTF-32LE", nullptr}};
+        for (const auto &[bytes, encoding, text] : rows) {
+            const QString binary = "Binary data [len: %1 bytes]"_s.arg(bytes.size());
+            COMPARE_ROW(bytes.toHex() + encoding,
+                Own<SMetaByteArray>(bytes).toString(string(encoding)),
+                text ? string(text) : binary);
+        }
         Own<SMetaJsonDocument> json(QJsonDocument(QJsonObject{{"a"_s, 1}}));
         for (const char *format : {"{other}", " {indent} "})
             QCOMPARE(json.toString(string(format)), "{\"a\":1}"_s);
@@ -180,7 +181,7 @@ private Q_SLOTS:
     {
         Owner owner;
         VERIFY_ALL(!owner.setMetadata(nullptr, true), !owner.setMetadata(nullptr, false));
-        // Such a value is not even equal to itself.
+        // NaN is not equal to itself.
         auto *const nan = new SMetaDouble(std::numeric_limits<double>::quiet_NaN());
         for (const bool takeOwnership : {true, true, false})
             QVERIFY(owner.setMetadata(nan, takeOwnership));
@@ -229,8 +230,7 @@ private Q_SLOTS:
         QCOMPARE(owner.metadataCount(), 0);
     }
 
-    // Thousands of random operations beside a plain model; after each, exactly those live that
-    // should.
+    // Random operations beside a plain model: after each, exactly the values of the model exist.
     void ownershipIsExact()
     {
         struct Slot

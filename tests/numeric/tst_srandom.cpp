@@ -2,6 +2,8 @@
 
 #include <tavex/numeric/srandom_p.h>
 
+#include <QtEndian>
+
 #include <numeric>
 #include <random>
 
@@ -58,8 +60,7 @@ private Q_SLOTS:
             QByteArray expected(4 * Count, '\0');
             for (qsizetype i = 0; i < Count; ++i) {
                 states.append(schrage(states.at(i)));
-                for (int byte = 0; byte < 4; ++byte)
-                    expected[4 * i + byte] = char(states.at(i + 1) >> 8 * byte);
+                qToLittleEndian(states.at(i + 1), expected.data() + 4 * i);
             }
             for (qsizetype size = 0; size <= Count; ++size) {
                 const auto check = [&](auto array, double unit) {
@@ -110,14 +111,12 @@ private Q_SLOTS:
             const qsizetype size = bytes.size() - start - 3;
             SRandom::fillData(bytes.data() + start, size, 77);
             SRandom random(77);
-            bool right = true;
-            int value = 0;
-            for (qsizetype i = 0; i < size; ++i) {
-                if (i % 4 == 0)
-                    value = random.next();
-                right = right && bytes.at(start + i) == char(value >> 8 * (i % 4));
-            }
-            VERIFY_ALL(right, bytes.endsWith("xxx"));
+            QByteArray expected(size + 4, 'x');
+            for (qsizetype i = 0; i < size; i += 4)
+                qToLittleEndian(random.next(), expected.data() + i);
+            expected.resize(size);
+            QVERIFY2(bytes.mid(start, size) == expected, QByteArray::number(start));
+            QVERIFY(bytes.endsWith("xxx"));
         }
     }
 
