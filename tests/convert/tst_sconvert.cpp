@@ -10,21 +10,29 @@ concept Takes = requires(Function f, Arguments... a)
     f(a...);
 };
 
-constexpr auto toBool = [](auto &&...a) -> decltype(SConvert::toBool(a...)) {
-    return SConvert::toBool(a...);
-};
-constexpr auto toString = [](auto &&...a) -> decltype(SConvert::toString(a...)) {
-    return SConvert::toString(a...);
-};
+/// All overloads of a function of SConvert as one object.
+#define OVERLOADS(Name)                                                                            \
+    [](auto &&...a) -> decltype(SConvert::Name(a...)) { return SConvert::Name(a...); }
+constexpr auto toBool = OVERLOADS(toBool);
+constexpr auto toDouble = OVERLOADS(toDouble);
+constexpr auto toInt32 = OVERLOADS(toInt32);
+constexpr auto toString = OVERLOADS(toString);
 
 // Neither a pointer nor text that needs a conversion may end up as a number or a truth value.
-static_assert(!Takes<decltype(SConvert::toInt32), const char *>);
-static_assert(!Takes<decltype(SConvert::toDouble), const int *>);
-static_assert(!Takes<decltype(SConvert::toInt32), char>);
-static_assert(!Takes<decltype(SConvert::toInt32), QString, bool>);
+static_assert(!Takes<decltype(toInt32), const char *>);
+static_assert(!Takes<decltype(toDouble), const int *>);
+static_assert(!Takes<decltype(toInt32), char>);
+static_assert(!Takes<decltype(toInt32), QString, bool>);
 static_assert(!Takes<decltype(toBool), const char *> && !Takes<decltype(toBool), void *>);
 static_assert(!Takes<decltype(toString), const char *> && !Takes<decltype(toString), int *>);
 static_assert(!Takes<decltype(toString), char>);
+static_assert(!Takes<decltype(toInt32), QString, QLocale::Territory>);
+
+// Functions have addresses.
+qint32 (*const FromText)(const QString &, bool *, const QLocale &, int) = &SConvert::toInt32;
+quint8 (*const FromReal)(double) = &SConvert::toUInt8;
+double (*const FromVariant)(const QVariant &, const QLocale &) = &SConvert::toDouble;
+float (*const ToKiB)(float, BinaryUnit) = &SUnitConvert::toKiB;
 
 /// For the compiler and, so that its code is seen too, at run time.
 constexpr bool convertsNumbers()
@@ -82,14 +90,14 @@ private Q_SLOTS:
             }
         };
         for (const QLocale &locale : locales) {
-            check(SConvert::toInt8, qint8(), locale);
-            check(SConvert::toUInt8, quint8(), locale);
-            check(SConvert::toUInt16, quint16(), locale);
-            check(SConvert::toInt32, qint32(), locale);
-            check(SConvert::toInt64, qint64(), locale);
-            check(SConvert::toUInt64, quint64(), locale);
-            check(SConvert::toSingle, float(), locale);
-            check(SConvert::toDouble, double(), locale);
+            check(OVERLOADS(toInt8), qint8(), locale);
+            check(OVERLOADS(toUInt8), quint8(), locale);
+            check(OVERLOADS(toUInt16), quint16(), locale);
+            check(OVERLOADS(toInt32), qint32(), locale);
+            check(OVERLOADS(toInt64), qint64(), locale);
+            check(OVERLOADS(toUInt64), quint64(), locale);
+            check(OVERLOADS(toSingle), float(), locale);
+            check(OVERLOADS(toDouble), double(), locale);
             QLocale::setDefault(locale);
             QVERIFY(SConvert::toBool(SConvert::toString(true), locale));
             QVERIFY(!SConvert::toBool(SConvert::toString(false), locale));
@@ -137,7 +145,11 @@ private Q_SLOTS:
             QCOMPARE(SConvert::toInt32(text, &ok, base), expected);
             QCOMPARE(ok, fits);
             QCOMPARE(SConvert::toInt32(text, nullptr, base), expected);
+            QCOMPARE(FromText(text, nullptr, german, base), expected);
             QCOMPARE(SConvert::toInt32(text, base), expected);
+            QCOMPARE(SConvert::toInt32(text, long(base)), expected);
+            QCOMPARE(SConvert::toInt32(text, nullptr, short(base)), expected);
+            QCOMPARE(SConvert::toInt32(text, (1LL << 32) + base), 0); // Not cut to an int.
             QCOMPARE(SConvert::toInt32(text, german, base), expected);
             if (base == 10) {
                 QCOMPARE(SConvert::toInt32(text), expected);
@@ -155,15 +167,16 @@ private Q_SLOTS:
             QCOMPARE(parser(string(text), &ok, how...), expected);
             QCOMPARE(ok, fits);
         };
-        row(SConvert::toInt8, "300", true, qint8(44));
-        row(SConvert::toUInt8, "300", true, quint8(44));
-        row(SConvert::toUInt8, "12c", true, quint8(44), 16);
-        row(SConvert::toInt16, "40000", false, qint16(0));
-        row(SConvert::toDouble, "1,5", true, 1.5, QLocale(QLocale::German));
-        row(SConvert::toSingle, "1e60", false, std::numeric_limits<float>::infinity());
+        row(OVERLOADS(toInt8), "300", true, qint8(44));
+        row(OVERLOADS(toUInt8), "300", true, quint8(44));
+        row(OVERLOADS(toUInt8), "12c", true, quint8(44), 16);
+        row(OVERLOADS(toInt16), "40000", false, qint16(0));
+        row(OVERLOADS(toDouble), "1,5", true, 1.5, QLocale(QLocale::German));
+        row(OVERLOADS(toSingle), "1e60", false, std::numeric_limits<float>::infinity());
         QCOMPARE(SConvert::toDouble(QString(), nullptr), 0.0);
 
         QVERIFY(convertsNumbers());
+        QCOMPARE(FromReal(-1.0) + FromVariant(2.5, QLocale()) + ToKiB(512, BinaryUnit::Byte), 3.0);
         QCOMPARE(SConvert::toUInt64(QVariant(Max<qint64>)), quint64(Max<qint64>));
         QCOMPARE(SConvert::toInt32(QVariant(3.9)), 4); // As QMetaType does it.
         QCOMPARE(SConvert::toUInt8(QVariant(-3.9)), quint8(252));

@@ -30,15 +30,17 @@ void readsBack(T value, const auto &parser, const QLocale &locale)
     check(ok && isSame<long double>(read, value));
 }
 
+#define PARSER(Name) [](auto &&...a) { return SConvert::Name(a...); }
+
 /// What is written is read back, in every locale.
 void roundTrips(Input &input, const QLocale &locale)
 {
     const auto integer = input.number<qint64>();
-    readsBack(integer, SConvert::toInt64, locale);
-    readsBack(quint64(integer), SConvert::toUInt64, locale);
-    readsBack(qint32(integer), SConvert::toInt32, locale);
-    readsBack(quint16(integer), SConvert::toUInt16, locale);
-    readsBack(qint8(integer), SConvert::toInt8, locale);
+    readsBack(integer, PARSER(toInt64), locale);
+    readsBack(quint64(integer), PARSER(toUInt64), locale);
+    readsBack(qint32(integer), PARSER(toInt32), locale);
+    readsBack(quint16(integer), PARSER(toUInt16), locale);
+    readsBack(qint8(integer), PARSER(toInt8), locale);
     const QString wide = SConvert::toString(integer, QStringLiteral("{width:64}"), locale);
     check(SConvert::toInt64(wide, locale) == integer);
     const int base = 2 + input.number<uchar>() % 35;
@@ -47,11 +49,11 @@ void roundTrips(Input &input, const QLocale &locale)
 
     const auto real = input.number<double>();
     const auto single = input.number<float>();
-    readsBack(real, SConvert::toDouble, locale);
-    readsBack(single, SConvert::toSingle, locale);
+    readsBack(real, PARSER(toDouble), locale);
+    readsBack(single, PARSER(toSingle), locale);
     // Of a size that people write, too.
     if (std::isfinite(real) && real != 0)
-        readsBack(std::ldexp(real, base - std::ilogb(real)), SConvert::toDouble, locale);
+        readsBack(std::ldexp(real, base - std::ilogb(real)), PARSER(toDouble), locale);
     const double second = single;
     if (std::isfinite(real) && std::isfinite(second)) {
         check(SPointF::fromString(SPointF(real, second).toString(locale), locale)
