@@ -15,6 +15,13 @@ static_assert(REFUSED(SConvert::toBool(a), const char *) && REFUSED(SConvert::to
 static_assert(REFUSED(SConvert::toString(a), const char *));
 static_assert(REFUSED(SConvert::toString(a), int *) && REFUSED(SConvert::toString(a), char));
 static_assert(!REFUSED(SConvert::toString(a), int) && !REFUSED(SConvert::toBool(a), int));
+static_assert(REFUSED(SConvert::toInt32(a, QLocale::Germany), QString));
+
+// Functions have addresses.
+qint32 (*const FromText)(const QString &, bool *, const QLocale &, int) = &SConvert::toInt32;
+quint8 (*const FromReal)(double) = &SConvert::toUInt8;
+double (*const FromVariant)(const QVariant &, const QLocale &) = &SConvert::toDouble;
+float (*const ToKiB)(float, BinaryUnit) = &SUnitConvert::toKiB;
 
 /// Checked when compiled and at run time, where different code may run.
 constexpr bool convertsNumbers()
@@ -114,9 +121,11 @@ private Q_SLOTS:
             bool ok = !fits;
             const QList<int> read{SConvert::toInt32(text, &ok, base),
                 SConvert::toInt32(text, nullptr, base), SConvert::toInt32(text, base),
-                SConvert::toInt32(text, german, base)};
-            COMPARE_ROW(latin1, read, QList<int>(4, expected));
+                SConvert::toInt32(text, german, base), FromText(text, nullptr, german, base),
+                SConvert::toInt32(text, long(base))};
+            COMPARE_ROW(latin1, read, QList<int>(6, expected));
             COMPARE_ROW(latin1, ok, fits);
+            COMPARE_ROW(latin1, SConvert::toInt32(text, (1LL << 32) + base), 0);
             if (base == 10) {
                 COMPARE_ROW(latin1, SConvert::toInt32(text), expected);
                 COMPARE_ROW(latin1, SConvert::toInt32(text, german), expected);
@@ -142,6 +151,7 @@ private Q_SLOTS:
         QCOMPARE(SConvert::toDouble(QString(), nullptr), 0.0);
 
         QVERIFY(convertsNumbers());
+        QCOMPARE(FromReal(-1.0) + FromVariant(2.5, QLocale()) + ToKiB(512, BinaryUnit::Byte), 3.0);
         QCOMPARE(SConvert::toUInt64(QVariant(Max<qint64>)), quint64(Max<qint64>));
         QCOMPARE(SConvert::toInt32(QVariant(3.9)), 4); // As QMetaType does it.
         QCOMPARE(SConvert::toUInt8(QVariant(-3.9)), quint8(252));

@@ -206,6 +206,57 @@ QString inSignsOfC(QStringView text, const QLocale &locale)
     return result;
 }
 
+/// \a text as the C locale writes it, if it is to the letter what SConvert::toString() makes of a
+/// number in \a locale; else an empty text.
+QString plainText(const QString &text, const QLocale &locale)
+{
+    QString plain = inSignsOfC(text, locale);
+    QLocale c = QLocale::c();
+    c.setNumberOptions(locale.numberOptions());
+
+    bool ok = false;
+    const qlonglong integer = c.toLongLong(plain, &ok);
+    if (ok) {
+        const auto bits = static_cast<quint64>(integer);
+        const auto width = plain.size() - (integer < 0 ? 1 : 0);
+        if (text == locale.toString(integer)
+            || text == paddedText(integer < 0 ? 0 - bits : bits, integer < 0, width, 10, locale))
+            return plain;
+    }
+    const double real = c.toDouble(plain, &ok);
+    if (!ok)
+        return {};
+    // In whatever notation it was written, the text itself tells the number of decimals.
+    const qsizetype point = plain.indexOf(u'.');
+    const qsizetype end = plain.indexOf(u'e');
+    const auto decimals = int(point < 0 ? 0 : (end < 0 ? plain.size() : end) - point - 1);
+    QLocale withoutGroups = locale;
+    withoutGroups.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
+    for (const QLocale &writer : {locale, withoutGroups}) {
+        if (text == shortestText(real, writer) || text == writer.toString(real, 'f', decimals)
+            || text == writer.toString(real, 'e', decimals))
+            return plain;
+    }
+    return {};
+}
+
+/// Reads \a text by a member of QLocale, or by plainText() where that refuses it.
+template <typename T>
+T readText(T (QLocale::*read)(QStringView, bool *) const, const QString &text, bool *ok,
+    const QLocale &locale)
+{
+    bool isNumber = false;
+    T value = (locale.*read)(text, &isNumber);
+    if (!isNumber) {
+        const QString plain = plainText(text, locale);
+        if (!plain.isEmpty())
+            value = (QLocale::c().*read)(plain, &isNumber);
+    }
+    if (ok)
+        *ok = isNumber;
+    return value;
+}
+
 bool isIndentedJson(const QString &format)
 {
     return format == QStringLiteral("{json:indent}");
@@ -461,36 +512,35 @@ bool SNumberConvert::convert(const QVariant &value, QMetaType type, void *result
     return from.isEnum() && convert(from.number(), type, result);
 }
 
-QString SNumberConvert::plainText(const QString &text, const QLocale &locale)
-{
-    QString plain = inSignsOfC(text, locale);
-    QLocale c = QLocale::c();
-    c.setNumberOptions(locale.numberOptions());
+#define DEFINE_TO_INTEGER(Name, T, Member)                                                         \
+    T SNumberConvert::Name(const QString &text, bool *ok, const QLocale &locale, int base)         \
+    {                                                                                              \
+        if (base == 10)                                                                            \
+            return static_cast<T>(readText(&QLocale::Member, text, ok, locale));                   \
+        if (base == 0 || (base >= 2 && base <= 36))                                                \
+            return static_cast<T>(text.Member(ok, base));                                          \
+        if (ok)                                                                                    \
+            *ok = false;                                                                           \
+        return 0;                                                                                  \
+    }
+DEFINE_TO_INTEGER(toInt8, qint8, toShort)
+DEFINE_TO_INTEGER(toUInt8, quint8, toUShort)
+DEFINE_TO_INTEGER(toInt16, qint16, toShort)
+DEFINE_TO_INTEGER(toUInt16, quint16, toUShort)
+DEFINE_TO_INTEGER(toInt32, qint32, toInt)
+DEFINE_TO_INTEGER(toUInt32, quint32, toUInt)
+DEFINE_TO_INTEGER(toInt64, qint64, toLongLong)
+DEFINE_TO_INTEGER(toUInt64, quint64, toULongLong)
+#undef DEFINE_TO_INTEGER
 
-    bool ok = false;
-    const qlonglong integer = c.toLongLong(plain, &ok);
-    if (ok) {
-        const auto bits = static_cast<quint64>(integer);
-        const auto width = plain.size() - (integer < 0 ? 1 : 0);
-        if (text == locale.toString(integer)
-            || text == paddedText(integer < 0 ? 0 - bits : bits, integer < 0, width, 10, locale))
-            return plain;
-    }
-    const double real = c.toDouble(plain, &ok);
-    if (!ok)
-        return {};
-    // In whatever notation it was written, the text itself tells the number of decimals.
-    const qsizetype point = plain.indexOf(u'.');
-    const qsizetype end = plain.indexOf(u'e');
-    const auto decimals = int(point < 0 ? 0 : (end < 0 ? plain.size() : end) - point - 1);
-    QLocale withoutGroups = locale;
-    withoutGroups.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
-    for (const QLocale &writer : {locale, withoutGroups}) {
-        if (text == shortestText(real, writer) || text == writer.toString(real, 'f', decimals)
-            || text == writer.toString(real, 'e', decimals))
-            return plain;
-    }
-    return {};
+float SNumberConvert::toSingle(const QString &text, bool *ok, const QLocale &locale)
+{
+    return readText(&QLocale::toFloat, text, ok, locale);
+}
+
+double SNumberConvert::toDouble(const QString &text, bool *ok, const QLocale &locale)
+{
+    return readText(&QLocale::toDouble, text, ok, locale);
 }
 
 QString SConvert::integerText(
