@@ -1,0 +1,103 @@
+#pragma once
+
+#include <tavex/progress/iprogress.h>
+#include <tavex/progress/progresslock_p.h>
+
+#include <array>
+
+namespace Quorvex::Interfaces {
+
+/// The state of a reporter. It outlives the reporter while a change is on its way through it.
+class IProgress::Private
+{
+public:
+    Q_DISABLE_COPY_MOVE(Private)
+
+    enum Kind : quint8 { Progress, Abort };
+
+    /// The lock of a reporter, or of a pool and its children with what they share under it.
+    struct Family : ProgressLock
+    {
+        /// Of the children, of which there is one at least. Any thread may ask.
+        [[nodiscard]] int mean() const { return int(sum / qint64(children.size())); }
+
+        Private *pool = nullptr;         ///< Null if there is none, or no longer.
+        std::vector<Private *> children; ///< Null where one was deleted.
+        std::size_t running = 0;         ///< How many of them are there and not aborted.
+        std::atomic<qint64> sum = 0;     ///< Of their progress.
+    };
+
+    /// Of a class with the signals of SProgress.
+    template <typename Reporter>
+    class Signalling;
+
+    Private() = default;
+    virtual ~Private() = default;
+
+    [[nodiscard]] int progress() const { return int(m_state & ProgressBits); }
+    [[nodiscard]] bool isAborted() const { return m_state & AbortedBit; }
+    void setProgress(int value);
+    void abort();
+    void clearAbort();
+
+    /// Makes it a pool, and a new reporter its child.
+    /// @{
+    void makePool();
+    void adopt(Private *child);
+    /// @}
+
+    /// What a pool does with its children.
+    /// @{
+    void setChildren(int value);
+    void abortChildren();
+    void followChildren();
+    /// @}
+
+    void link(Private *peer, Kind kind);
+    void unlink(Private *peer, Kind kind);
+    void unlinkAll();
+
+    IProgress *q = nullptr; ///< Null when it is no more.
+    std::shared_ptr<Family> family = std::make_shared<Family>();
+    std::array<QSet<IProgress *>, 2> peers; ///< Of each kind.
+
+private:
+    class Change;
+
+    /// In one number, so that a reporter that is not shared can be changed without its lock.
+    enum : quint32 {
+        NoBits = 0,
+        ProgressBits = 0x7f,
+        AbortedBit = 0x80,
+        SharedBit = 0x100, ///< It has peers or is of a pool.
+    };
+
+    /// Emits the signal of a change.
+    virtual void announce(Kind, int) const { }
+
+    quint32 set(quint32 mask, quint32 bits, quint32 unless = 0);
+    int store(int value);
+    bool storeAbort();
+    void updateShared();
+    [[nodiscard]] bool isPool() const { return family->pool == this; }
+    [[nodiscard]] Private *pool() const { return m_isChild ? family->pool : nullptr; }
+
+    std::atomic<quint32> m_state = 0;
+    bool m_isChild = false;
+    std::size_t m_index = 0; ///< Among the children.
+};
+
+template <typename Reporter>
+class IProgress::Private::Signalling : public Private
+{
+    void announce(Kind kind, int progress) const override
+    {
+        auto *const reporter = static_cast<Reporter *>(q);
+        if (kind == Abort)
+            Q_EMIT reporter->aborting();
+        else
+            Q_EMIT reporter->reportProgress(progress);
+    }
+};
+
+} // namespace Quorvex::Interfaces
