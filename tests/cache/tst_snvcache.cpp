@@ -88,8 +88,11 @@ private:
         // As that version of streams does.
         QCOMPARE(cache.value(object).toHex(), QByteArray("4000000000000000"));
         QVERIFY(!cache.isEmpty() && cache.contains(Key) && cache.folder() == m_folder.path());
+        const QString empty = string("empty");
+        QVERIFY(cache.insert(empty, QByteArray()) && cache.find(empty) == QByteArray());
         cache.clear();
         QVERIFY(cache.isEmpty() && cache.value(Key).isNull() && !cache.value(Key, &copy));
+        QVERIFY(!cache.find(empty) && cache.errorString().isEmpty());
         QVERIFY(cache.remove(Key) && cache.remove(device) && files().size() == 2);
         QCOMPARE(Cache({}, m_folder.path()).name().remove(u'-').size(), 32);
     }
@@ -149,7 +152,9 @@ private Q_SLOTS:
         QSaveFile saved(missing.fileName()); // Ends the process when it is closed.
         Value refuses([](QDataStream &stream) { return (stream << 1).status() != 0; });
         const auto check = [&](auto *source) {
-            QVERIFY(cache.insert(Key, "v") && !cache.insert(Key, source) && cache.contains(Key));
+            QVERIFY(cache.insert(Key, "v") && cache.errorString().isEmpty());
+            QVERIFY(!cache.insert(Key, source) && cache.contains(Key));
+            QVERIFY(!cache.errorString().isEmpty());
             QVERIFY(source ? files().isEmpty() : !cache.value(Key, source));
         };
         check(&missing);
@@ -171,6 +176,7 @@ private Q_SLOTS:
         QVERIFY(QFile::remove(m_path + string("/file")) && QDir().mkpath(m_path + string("/file")));
         put(QByteArray("file/" + KeyFile.toLatin1()), "v");
         QVERIFY(none.isNull() && !none.insert(Key, "v") && !none.remove(Key));
+        QVERIFY(!none.find(Key) && !none.errorString().isEmpty());
         QVERIFY(none.value(Key).isNull() && !none.value(Key, &accepts));
         QVERIFY(!none.value(Key, &missing) && !missing.exists() && none.folder() == m_path);
     }
@@ -231,6 +237,8 @@ private Q_SLOTS:
             const bool isInserted = cache.insert(Key, source);
             setrlimit(resource, &old);
             QVERIFY(!isInserted && !buffer.isOpen() && files().size() == int(stays));
+            QCOMPARE(
+                cache.errorString(), qt_error_string(resource == RLIMIT_FSIZE ? EFBIG : EMFILE));
             QCOMPARE(cache.value(Key), QByteArray(stays ? "v" : ""));
         };
         std::signal(SIGXFSZ, SIG_IGN);
@@ -355,7 +363,8 @@ private Q_SLOTS:
                 Value value([&](QDataStream &stream) {
                     return !cache.contains(key) && (stream << n).status() == 0;
                 });
-                if (cache.insert(key, &value) && cache.value(key).size() == 4 && n % 2)
+                if (cache.insert(key, &value) && cache.find(key)->size() == 4
+                    && cache.errorString().isEmpty() && n % 2)
                     cache.remove(key);
             }
         };
