@@ -26,6 +26,31 @@ private Q_SLOTS:
         for (const SLocale &locale : {ungrouped, SLocale(ungrouped)})
             QCOMPARE(locale.locale().toString(12345), string("12345"));
         QCOMPARE(SLocale(german).locale().toString(12345), string("12.345"));
+        QVERIFY(ungrouped != SLocale(german) && SLocale(german) == german);
+        QCOMPARE(QDebug::toString(SLocale(german)), string("SLocale(\"de_DE\")"));
+    }
+
+    // Scripts and number options come back too.
+    void savedLocales()
+    {
+        QList<QLocale> locales = QLocale::matchingLocales(
+            QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);
+        locales += SLocale(string("tlh"));
+        for (const QLocale &locale : locales) {
+            const SLocale saved(locale, QLocale::OmitGroupSeparator);
+            QByteArray bytes;
+            QDataStream writer(&bytes, QIODevice::WriteOnly);
+            QDataStream reader(&bytes, QIODevice::ReadOnly);
+            QVariant read;
+            writer << QVariant::fromValue(saved);
+            reader >> read;
+            QVERIFY2(read.value<SLocale>() == saved, qPrintable(QDebug::toString(saved)));
+            QCOMPARE(std::hash<SLocale>()(read.value<SLocale>()), qHash(saved));
+        }
+        SLocale kept(locales.last());
+        QDataStream cut(QByteArray("\0\0\0\2", 4));
+        cut >> kept;
+        QVERIFY(SLocale::isKlingon(kept));
     }
 
     void converters()

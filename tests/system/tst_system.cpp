@@ -216,6 +216,7 @@ private Q_SLOTS:
         for (SStorageInfo none : {SStorageInfo(), SStorageInfo(QString()), SStorageInfo(missing),
                  SStorageInfo(QString(3, QChar()))}) {
             QVERIFY(!none.isValid() && !none.isLocal() && !none.eject());
+            QVERIFY(none == SStorageInfo() && none != info);
             QCOMPARE(none.rootPath() + none.name() + none.type(), QString());
             QCOMPARE(none.totalBytes() + none.freeBytes(), 0);
         }
@@ -224,7 +225,9 @@ private Q_SLOTS:
         for (const SStorageInfo &volume : SStorageInfo::volumes()) {
             roots += volume.rootPath() == QDir::rootPath();
             QCOMPARE(volume.path(), volume.rootPath());
-            QCOMPARE(SStorageInfo(volume.path()).rootPath(), volume.rootPath());
+            QCOMPARE(SStorageInfo(volume.path()), volume);
+            QVERIFY(QDebug::toString(volume).startsWith(string("SStorageInfo(\"/"))
+                || SSysInfo::isWindows());
         }
         QCOMPARE(roots, 1);
         // A fixed disk is not unmounted, whoever asks.

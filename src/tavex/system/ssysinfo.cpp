@@ -5,9 +5,6 @@
 
 #include <QSysInfo>
 
-#include <algorithm>
-#include <iterator>
-
 namespace Quorvex {
 namespace {
 
@@ -24,9 +21,11 @@ constexpr quint32 plainValue(OperatingSystem os)
 /// The first key of the value, or nothing: of aliases, the first is the current name.
 QString keyOf(quint32 value)
 {
-    const auto *const row = std::ranges::find(OperatingSystem_T::rows,
-        static_cast<OperatingSystem>(value), &SEnumKey<OperatingSystem>::value);
-    return row == std::end(OperatingSystem_T::rows) ? QString() : QString::fromUtf16(row->key);
+    for (const SEnumKey<OperatingSystem> &row : OperatingSystem_T::rows) {
+        if (row.value == static_cast<OperatingSystem>(value))
+            return QString::fromUtf16(row.key);
+    }
+    return {};
 }
 
 struct Day
