@@ -24,6 +24,20 @@ inline QString string(const char *utf8)
     return QString::fromUtf8(utf8);
 }
 
+/// What is read back of a QVariant that holds \a value and was written to a stream.
+template <typename T>
+T savedAndRead(const T &value)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::ReadWrite);
+    QDataStream stream(&buffer);
+    stream << QVariant::fromValue(value);
+    buffer.seek(0);
+    QVariant read;
+    stream >> read;
+    return read.value<T>();
+}
+
 /// Gives and takes its bytes in the portions listed: 0 is nothing and -1 an error. Passes on what
 /// it took after so many waits.
 struct Device : QBuffer
