@@ -97,6 +97,7 @@ private:
     void call(Kind kind, IProgress *reporter, int value);
     void ask(int value, IProgress *peer);
     void cut();
+    [[nodiscard]] bool isApart() const;
     void setAll();
 
     static thread_local constinit Here here;
@@ -105,7 +106,9 @@ private:
     const IProgress *m_called = nullptr;
     QVarLengthArray<Step, 4> m_steps;
     QSet<std::size_t> m_asked; ///< The calls of peers that are under way.
+    std::vector<std::array<std::shared_ptr<Private>, 2>> m_refusals; ///< 
     std::size_t m_calls = 0;
+    bool m_isStuck = false;
     bool m_isCut = false;        ///< It would not end; so it is not passed on to peers any more,
     bool m_isSettingAll = false; ///< but all are set.
 };
@@ -124,8 +127,13 @@ void IProgress::Private::Change::push(
 void IProgress::Private::Change::pop()
 {
     const Step &step = m_steps.last();
-    if (step.asked)
+    if (step.asked && m_steps.size() > 1) {
         m_asked.remove(step.asked);
+        const Step &asker = *(&step - 1);
+        m_isStuck = m_isStuck || asker.reporter->isStuck() || step.reporter->isStuck();
+        if (asker.reporter->progress() != step.reporter->progress())
+            m_refusals.push_back({asker.reporter, step.reporter});
+    }
     step.reporter->family->unlock();
     m_steps.removeLast();
 }
@@ -162,8 +170,6 @@ void IProgress::Private::Change::run()
     while (!m_steps.isEmpty()) {
         if (!m_steps.last().reporter->q)
             pop();
-        else if (m_isCut && !m_isSettingAll && m_steps.size() == 1)
-            setAll();
         else
             work(&m_steps.last());
     }
@@ -176,7 +182,8 @@ void IProgress::Private::Change::work(Step *step)
         if (Private *const child = nextChild(step)) {
             step->kind == Progress ? setProgress(child, step->value) : abort(child);
         } else if (step->kind == Progress) {
-            pop();
+            step->task = Announce;
+            step->before = step->reporter->progress();
         } else {
             step->reporter->storeAbort();
             step->task = CallPeers;
@@ -204,7 +211,10 @@ void IProgress::Private::Change::work(Step *step)
             push(CallChildren, Abort, pool);
         break;
     case Announce:
-        announce();
+        if (m_steps.size() == 1 && !m_isSettingAll && (m_isCut || isApart()))
+            setAll();
+        else
+            announce();
         break;
     case CallItself:
         const std::shared_ptr<Private> reporter = step->reporter;
@@ -307,6 +317,18 @@ void IProgress::Private::Change::cut()
     }
 }
 
+/// Whether peers differ. With one that cannot follow plain calls may end like that themselves, and
+/// what they give stays.
+bool IProgress::Private::Change::isApart() const
+{
+    return !m_isStuck
+        && std::any_of(m_refusals.cbegin(), m_refusals.cend(), [](const auto &pair) {
+               const auto &[asker, asked] = pair;
+               return asker->peers[Progress].contains(asked->q)
+                   && asker->progress() != asked->progress();
+           });
+}
+
 /// Sets all that it could reach from the origin.
 void IProgress::Private::Change::setAll()
 {
@@ -405,6 +427,7 @@ void IProgress::Private::adopt(Private *child)
     child->m_index = family->children.size();
     child->updateShared();
     family->children.push_back(child);
+    ++family->living;
     ++family->running;
 }
 
@@ -467,6 +490,7 @@ void IProgress::Private::unlinkAll()
     if (std::exchange(m_isChild, false)) {
         family->children[m_index] = nullptr;
         family->sum -= progress();
+        --family->living;
         family->running -= isAborted() ? 0 : 1;
     }
 }

@@ -23,6 +23,7 @@ public:
 
         Private *pool = nullptr;         ///< Null if there is none, or no longer.
         std::vector<Private *> children; ///< Null where one was deleted.
+        std::size_t living = 0;          ///< How many were not.
         std::size_t running = 0;         ///< How many of them are there and not aborted.
         std::atomic<qint64> sum = 0;     ///< Of their progress.
     };
@@ -80,6 +81,11 @@ private:
     bool storeAbort();
     void updateShared();
     [[nodiscard]] bool isPool() const { return family->pool == this; }
+    /// Whether it is a pool that does not get where others do.
+    [[nodiscard]] bool isStuck() const
+    {
+        return isPool() && (family->living == 0 || family->living < family->children.size());
+    }
     [[nodiscard]] Private *pool() const { return m_isChild ? family->pool : nullptr; }
 
     std::atomic<quint32> m_state = 0;
