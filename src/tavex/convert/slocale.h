@@ -32,7 +32,7 @@ public:
     /// @{
     operator QLocale() const { return m_locale; }
     [[nodiscard]] const QLocale &locale() const &noexcept { return m_locale; }
-    [[nodiscard]] QLocale locale() &&noexcept { return std::move(m_locale); }
+    [[nodiscard]] QLocale locale() && { return m_locale; }
     /// @}
 
     /// The same as the static functions for locale().
