@@ -76,9 +76,10 @@ private:
 
 } // namespace Quorvex
 
-/// As qHash().
+/// \cond
 template <>
 struct std::hash<Quorvex::SLocale>
 {
     std::size_t operator()(const Quorvex::SLocale &locale) const noexcept { return qHash(locale); }
 };
+/// \endcond
