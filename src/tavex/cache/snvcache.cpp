@@ -79,7 +79,7 @@ enum class IfNoFile { RemoveValue, KeepValue };
 
 } // namespace
 
-struct SNvCache::Private
+struct Q_DECL_HIDDEN SNvCache::Private
 {
     Private(const QString &cacheName, const QString &parentFolder)
         : folder(parentFolder)

@@ -2,27 +2,6 @@
 
 namespace Quorvex {
 
-/// The cache, locked to the end of the expression.
-class SSafeNvCache::Locked
-{
-public:
-    explicit Locked(const SSafeNvCache &cache)
-        : m_lock(*cache.m_mutex)
-        , m_cache(cache.m_cache.get())
-    {
-    }
-    SNvCache *operator->() const noexcept { return m_cache; }
-
-private:
-    const std::lock_guard<std::recursive_mutex> m_lock;
-    SNvCache *const m_cache;
-};
-
-SSafeNvCache::Locked SSafeNvCache::locked() const
-{
-    return Locked(*this);
-}
-
 SSafeNvCache::SSafeNvCache(const QString &name, const QString &folder)
     : m_mutex(std::make_unique<std::recursive_mutex>())
     , m_cache(std::make_unique<SNvCache>(name, folder))
@@ -33,87 +12,104 @@ SSafeNvCache::~SSafeNvCache() = default;
 
 QString SSafeNvCache::folder() const
 {
-    return locked()->folder();
+    const std::scoped_lock lock(*m_mutex);
+    return m_cache->folder();
 }
 
 QString SSafeNvCache::name() const
 {
-    return locked()->name();
+    const std::scoped_lock lock(*m_mutex);
+    return m_cache->name();
 }
 
 bool SSafeNvCache::isNull() const
 {
-    return locked()->isNull();
+    const std::scoped_lock lock(*m_mutex);
+    return m_cache->isNull();
 }
 
 bool SSafeNvCache::isEmpty() const
 {
-    return locked()->isEmpty();
+    const std::scoped_lock lock(*m_mutex);
+    return m_cache->isEmpty();
 }
 
 int SSafeNvCache::count() const
 {
-    return locked()->count();
+    const std::scoped_lock lock(*m_mutex);
+    return m_cache->count();
 }
 
 bool SSafeNvCache::contains(const QString &key) const
 {
-    return locked()->contains(key);
+    const std::scoped_lock lock(*m_mutex);
+    return m_cache->contains(key);
 }
 
 QStringList SSafeNvCache::keys() const
 {
-    return locked()->keys();
+    const std::scoped_lock lock(*m_mutex);
+    return m_cache->keys();
 }
 
 bool SSafeNvCache::insert(const QString &key, QIODevice *source)
 {
-    return locked()->insert(key, source);
+    const std::scoped_lock lock(*m_mutex);
+    return m_cache->insert(key, source);
 }
 
 bool SSafeNvCache::insert(const QString &key, const QByteArray &data)
 {
-    return locked()->insert(key, data);
+    const std::scoped_lock lock(*m_mutex);
+    return m_cache->insert(key, data);
 }
 
 bool SSafeNvCache::insert(const QString &key, Interfaces::ISerializable *object)
 {
-    return locked()->insert(key, object);
+    const std::scoped_lock lock(*m_mutex);
+    return m_cache->insert(key, object);
 }
 
 bool SSafeNvCache::value(const QString &key, QIODevice *target) const
 {
-    return locked()->value(key, target);
+    const std::scoped_lock lock(*m_mutex);
+    return m_cache->value(key, target);
 }
 
 bool SSafeNvCache::value(const QString &key, Interfaces::ISerializable *object) const
 {
-    return locked()->value(key, object);
+    const std::scoped_lock lock(*m_mutex);
+    return m_cache->value(key, object);
 }
 
 QByteArray SSafeNvCache::value(const QString &key) const
 {
-    return locked()->value(key);
+    const std::scoped_lock lock(*m_mutex);
+    return m_cache->value(key);
 }
 
 std::optional<QByteArray> SSafeNvCache::find(const QString &key) const
 {
-    return locked()->find(key);
+    const std::scoped_lock lock(*m_mutex);
+    return m_cache->find(key);
 }
 
 bool SSafeNvCache::remove(const QString &key)
 {
-    return locked()->remove(key);
+    const std::scoped_lock lock(*m_mutex);
+    return m_cache->remove(key);
 }
 
 void SSafeNvCache::clear()
 {
-    locked()->clear();
+    const std::scoped_lock lock(*m_mutex);
+    m_cache->clear();
 }
 
 QString SSafeNvCache::errorString() const
 {
-    return locked()->errorString();
+    const std::scoped_lock lock(*m_mutex);
+    return m_cache->errorString();
 }
 
 } // namespace Quorvex

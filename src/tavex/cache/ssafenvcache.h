@@ -46,9 +46,6 @@ public:
     [[nodiscard]] QString errorString() const;
 
 private:
-    class Locked;
-    [[nodiscard]] Locked locked() const;
-
     const std::unique_ptr<std::recursive_mutex> m_mutex;
     const std::unique_ptr<SNvCache> m_cache;
 };

@@ -32,7 +32,7 @@ public:
     /// @{
     operator QLocale() const { return m_locale; }
     [[nodiscard]] const QLocale &locale() const &noexcept { return m_locale; }
-    [[nodiscard]] QLocale locale() &&noexcept { return std::move(m_locale); }
+    [[nodiscard]] QLocale locale() && { return m_locale; }
     /// @}
 
     /// The same as the static functions for locale().
@@ -76,9 +76,10 @@ private:
 
 } // namespace Quorvex
 
-/// As qHash().
+/// \cond
 template <>
 struct std::hash<Quorvex::SLocale>
 {
     std::size_t operator()(const Quorvex::SLocale &locale) const noexcept { return qHash(locale); }
 };
+/// \endcond

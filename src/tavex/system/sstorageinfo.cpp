@@ -7,7 +7,7 @@
 
 namespace Quorvex {
 
-struct SStorageInfo::Private
+struct Q_DECL_HIDDEN SStorageInfo::Private
 {
     QString path;
     Platform::Volume volume;
