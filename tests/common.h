@@ -42,6 +42,20 @@ inline bool putFile(const QString &path, const QByteArray &content = {})
     return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
 }
 
+/// What is read back of a QVariant that holds \a value and was written to a stream.
+template <typename T>
+T savedAndRead(const T &value)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::ReadWrite);
+    QDataStream stream(&buffer);
+    stream << QVariant::fromValue(value);
+    buffer.seek(0);
+    QVariant read;
+    stream >> read;
+    return read.value<T>();
+}
+
 /// Gives and takes its bytes in the portions listed: 0 is nothing and -1 an error. Passes on what
 /// it took after so many waits.
 struct Device : QBuffer

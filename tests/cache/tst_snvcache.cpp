@@ -82,7 +82,9 @@ private:
         // That version of streams writes a float in eight bytes.
         QCOMPARE(cache.value(object).toHex(), QByteArray("4000000000000000"));
         VERIFY_ALL(!cache.isEmpty(), cache.contains(Key), cache.folder() == m_folder.path());
+        VERIFY_ALL(cache.insert("empty"_s, QByteArray()), cache.find("empty"_s) == QByteArray());
         cache.clear();
+        VERIFY_ALL(!cache.find("empty"_s), cache.errorString().isEmpty());
         VERIFY_ALL(cache.isEmpty(), cache.value(Key).isNull(), !cache.value(Key, &copy));
         VERIFY_ALL(cache.remove(Key), cache.remove(device), files().size() == 2);
         QCOMPARE(Cache({}, m_folder.path()).name().remove(u'-').size(), 32);
@@ -143,7 +145,9 @@ private Q_SLOTS:
         QSaveFile saved(missing.fileName()); // Ends the process when it is closed.
         Value refuses([](QDataStream &stream) { return (stream << 1).status() != 0; });
         const auto check = [&](auto *source) {
-            VERIFY_ALL(cache.insert(Key, "v"), !cache.insert(Key, source), cache.contains(Key));
+            VERIFY_ALL(cache.insert(Key, "v"), cache.errorString().isEmpty());
+            VERIFY_ALL(!cache.insert(Key, source), cache.contains(Key));
+            QVERIFY(!cache.errorString().isEmpty());
             QVERIFY(source ? files().isEmpty() : !cache.value(Key, source));
         };
         check(&missing);
@@ -163,6 +167,7 @@ private Q_SLOTS:
         VERIFY_ALL(QFile::remove(at("file")), QDir().mkpath(at("file")));
         put(QByteArray("file/").append(KeyFile).constData(), "v");
         VERIFY_ALL(none.isNull(), !none.insert(Key, "v"), !none.remove(Key));
+        VERIFY_ALL(!none.find(Key), !none.errorString().isEmpty());
         VERIFY_ALL(none.value(Key).isNull(), !none.value(Key, &m_accepts));
         VERIFY_ALL(!none.value(Key, &missing), !missing.exists(), none.folder() == m_path);
     }
@@ -219,6 +224,8 @@ private Q_SLOTS:
             const bool isInserted = cache.insert(Key, source);
             setrlimit(resource, &old);
             VERIFY_ALL(!isInserted, !buffer.isOpen(), files().size() == int(stays));
+            QCOMPARE(
+                cache.errorString(), qt_error_string(resource == RLIMIT_FSIZE ? EFBIG : EMFILE));
             QCOMPARE(cache.value(Key), QByteArray(stays ? "v" : ""));
         };
         std::signal(SIGXFSZ, SIG_IGN);
@@ -338,7 +345,8 @@ private Q_SLOTS:
                 Value value([&](QDataStream &stream) {
                     return !cache.contains(key) && (stream << n).status() == 0;
                 });
-                if (cache.insert(key, &value) && cache.value(key).size() == 4 && n % 2)
+                if (cache.insert(key, &value) && cache.find(key)->size() == 4
+                    && cache.errorString().isEmpty() && n % 2)
                     cache.remove(key);
             }
         };

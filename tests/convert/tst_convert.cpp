@@ -1,4 +1,5 @@
 #include "common.h"
+#include "laws.h"
 
 class TestConvert : public QObject
 {
@@ -27,6 +28,30 @@ private Q_SLOTS:
         for (const SLocale &locale : {ungrouped, SLocale(ungrouped)})
             QCOMPARE(locale.locale().toString(12345), "12345"_s);
         QCOMPARE(SLocale(german).locale().toString(12345), "12.345"_s);
+        VERIFY_ALL(ungrouped != SLocale(german), SLocale(german) == german);
+        QCOMPARE(QDebug::toString(SLocale(german)), "SLocale(\"de_DE\")"_s);
+    }
+
+    // Scripts and number options come back too.
+    void savedLocales()
+    {
+        QList<QLocale> locales = everyLocale();
+        locales += SLocale("tlh"_s);
+        for (const QLocale &locale : locales) {
+            const SLocale saved(locale, QLocale::OmitGroupSeparator);
+            QByteArray bytes;
+            QDataStream writer(&bytes, QIODevice::WriteOnly);
+            QDataStream reader(&bytes, QIODevice::ReadOnly);
+            QVariant read;
+            writer << QVariant::fromValue(saved);
+            reader >> read;
+            QVERIFY2(read.value<SLocale>() == saved, qPrintable(QDebug::toString(saved)));
+            QCOMPARE(std::hash<SLocale>()(read.value<SLocale>()), qHash(saved));
+        }
+        SLocale kept(locales.last());
+        QDataStream cut(QByteArray("\0\0\0\2", 4));
+        cut >> kept;
+        QVERIFY(SLocale::isKlingon(kept));
     }
 
     void converters()

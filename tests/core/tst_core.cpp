@@ -1,10 +1,19 @@
 #include "common.h"
 
+#include <QVersionNumber>
+
+#include <unordered_set>
+
 namespace {
 
 enum Packed { Number = 131084 };
 
-static_assert(!std::is_constructible_v<SVersion, double> && !std::is_assignable_v<SVersion, float>);
+// Only a number that is named one becomes a version.
+template <typename T>
+constexpr bool IsPacked = std::is_constructible_v<SVersion, T> &&std::is_assignable_v<SVersion, T>;
+static_assert(IsPacked<int> && !IsPacked<double> && !IsPacked<float> && !IsPacked<bool>);
+static_assert(!IsPacked<char> && !std::is_convertible_v<int, SVersion>);
+static_assert(!std::is_copy_constructible_v<SPointerList<int>>);
 
 struct Counted
 {
@@ -104,9 +113,26 @@ private Q_SLOTS:
         VERIFY_ALL(version < 131085U, version >= qint64(131084), 1 < version);
         VERIFY_ALL(SVersion::invalidVersion() != 0xFFFFFFFFU, SVersion::invalidVersion() < 0U);
         VERIFY_ALL(version + 1 == SVersion(2, 0, 13), version - 1L == SVersion(2, 0, 11));
-        // So do enumerators, characters and truth values.
+        // What the language takes for a number counts as one.
         VERIFY_ALL(version == Number, Number == version, version - Number == SVersion());
-        VERIFY_ALL(SVersion('a') == 'a', SVersion(1) == true, version > true, 'a' < version);
+        VERIFY_ALL(SVersion(97) == 'a', SVersion(1) == true, version > true, 'a' < version);
+    }
+
+    void versionsAreValues()
+    {
+        const SVersion version(2, 0, 12);
+        QCOMPARE(savedAndRead(version), version);
+        QCOMPARE((std::unordered_set{version, SVersion(1), version}.size()), 2U);
+        QString text;
+        QDebug(&text).nospace() << version << SVersion::invalidVersion() << 7;
+        QCOMPARE(text, "SVersion(2.0.12)SVersion(-1)7"_s);
+        QCOMPARE(version.toVersionNumber(), QVersionNumber(2, 0, 12));
+        QVERIFY(SVersion::invalidVersion().toVersionNumber().isNull());
+        for (const auto &[number, expected] : {std::pair(QVersionNumber(), SVersion()),
+                 {QVersionNumber(1, 255), {1, 255, 0}}, {QVersionNumber({1, 2, 3, 400}), {1, 2, 3}},
+                 {QVersionNumber(1, 256), SVersion::invalidVersion()},
+                 {QVersionNumber(-1), SVersion::invalidVersion()}})
+            QCOMPARE(SVersion::fromVersionNumber(number), expected);
     }
 
     void readsVersions()

@@ -57,6 +57,13 @@ private:
     quint64 m_kind;
 };
 
+/// A kind of number with an id of its own.
+class Width : public SMetaKind<Width, SMetaInt32>
+{
+public:
+    using SMetaKind::SMetaKind;
+};
+
 /// Records changes, rejects negative numbers and can hide its values.
 class Owner : public SMetadatable
 {
@@ -228,6 +235,40 @@ private Q_SLOTS:
         QCOMPARE(SMetadatable(owner).metadataCount(), 0);
         owner = static_cast<Interfaces::IMetadatable *>(nullptr);
         QCOMPARE(owner.metadataCount(), 0);
+    }
+
+    void movesWithoutClones()
+    {
+        SMetadatable source;
+        auto *const positive = new Counted(1, 1);
+        source.setMetadata(std::unique_ptr<IMetadata>(positive));
+        source.setMetadata(std::make_unique<Counted>(2, -1));
+        SMetadatable moved(std::move(source));
+        QCOMPARE(source.metadataCount(), 0); // NOLINT(bugprone-use-after-move)
+        Owner owner;
+        owner.setMetadata(std::make_unique<Counted>(3, 1));
+        owner = std::move(moved);
+        QCOMPARE(owner.metadataList(), QList<IMetadata *>{positive});
+        QCOMPARE(owner.changes, (std::vector<quint64>{3, 1}));
+        QVERIFY(!owner.setMetadata(std::make_unique<Counted>(4, -1)));
+        QVERIFY(!owner.setMetadata(nullptr));
+        QCOMPARE(Counted::alive, std::set<const IMetadata *>{positive});
+    }
+
+    void kinds()
+    {
+        Owner owner;
+        owner.setMetadata(new SMetaInt32(1), true);
+        owner.setMetadata(std::make_unique<Width>(2));
+        const SMetadatable copy(owner);
+        QCOMPARE(copy.metadata<SMetaInt32>()->value(), 1);
+        const Width *const width = copy.metadata<Width>();
+        QVERIFY(width);
+        QVERIFY(!copy.metadata<SMetaBool>());
+        // A constant value has what the interfaces declare without const.
+        QCOMPARE(width->name() + width->displayName(), "WidthWidth"_s);
+        QCOMPARE(width->toString() + width->toString(QLocale::c()), "22"_s);
+        QCOMPARE(width->flags(), MetadataFlags::None);
     }
 
     // Random operations beside a plain model: after each, exactly the values of the model exist.

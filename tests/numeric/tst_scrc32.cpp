@@ -178,6 +178,19 @@ private Q_SLOTS:
         VERIFY_ALL(a != b, a.value() == b.value(), a == b.value());
         a = b;
         QVERIFY(a == b);
+        a.update(7);
+        QByteArray bytes;
+        QDataStream out(&bytes, QIODevice::WriteOnly);
+        out << a;
+        SCrc32 read;
+        QDataStream cut(bytes.left(7));
+        cut >> read;
+        QVERIFY(read == SCrc32());
+        QDataStream whole(bytes);
+        whole >> read;
+        QVERIFY(read == a);
+        QCOMPARE(read.update(7), a.update(7));
+        QCOMPARE(qHash(read), qHash(a));
         QCOMPARE(a.calculate(7), SCrc32(0x82608EDB).update(7));
         QVERIFY(a != b);
     }

@@ -120,6 +120,36 @@ private Q_SLOTS:
         }
     }
 
+    void bounded()
+    {
+        // As a generator of the standard library it is the one that it says; neither gives 0.
+        SRandom random(Modulus);
+        std::minstd_rand0 standard(123459876);
+        for (int i = 0; i < 1000; ++i)
+            QCOMPARE(random(), uint(standard()));
+        std::uniform_int_distribution<int> dice(1, 6);
+        QCOMPARE(dice(random), dice(standard));
+
+        for (const auto &[lowest, highest] : {std::pair(0, 1), {-3, 4}, {0, Max<int>},
+                 {Min<int>, Max<int>}, {-1, Max<int>}, {Max<int> - 1, Max<int>}}) {
+            const double width = double(highest) - lowest;
+            double sum = 0;
+            for (int i = 0; i < 20000; ++i) {
+                const int number = random.bounded(lowest, highest);
+                QVERIFY(number >= lowest);
+                QVERIFY(number < highest);
+                sum += (number - double(lowest)) / width;
+            }
+            QVERIFY(std::abs(sum / 20000 - (width - 1) / width / 2) < 0.01);
+        }
+        const SRandom before = random;
+        QCOMPARE(random.bounded(5, 5), 5);
+        QCOMPARE(random.bounded(-5), 0);
+        QCOMPARE(random.bounded(-0.5), 0.0);
+        QVERIFY(random == before);
+        QVERIFY(random.bounded(0.5) < 0.5);
+    }
+
     void rangesAndSeeds()
     {
         SRandom random(3);

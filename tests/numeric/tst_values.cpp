@@ -55,6 +55,17 @@ private Q_SLOTS:
         }
     }
 
+    void areValues()
+    {
+        QCOMPARE(savedAndRead(SPointF(0.1, -2)), SPointF(0.1, -2));
+        QCOMPARE(savedAndRead(SPadding(1, 2, 3, 4)), SPadding(1, 2, 3, 4));
+        QCOMPARE(qHash(SSizeF(0.0, 1)), qHash(SSizeF(-0.0, 1))); // They are equal.
+        QVERIFY(std::hash<SRectF>()({1, 2, 3, 4}) != std::hash<SRectF>()({1, 2, 4, 3}));
+        QString text;
+        QDebug(&text) << SPointF(1.5, -2) << SCrc32();
+        QCOMPARE(text, string("SPointF(1.5, -2) SCrc32(0xffffffff, polynomial 0x4c11db7) "));
+    }
+
     void readsBackInEveryLocale()
     {
         using Limits = std::numeric_limits<double>;

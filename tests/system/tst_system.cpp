@@ -195,6 +195,7 @@ private Q_SLOTS:
                  SStorageInfo(QString(3, QChar()))}) {
             QCOMPARE(
                 (QList<bool>{none.isValid(), none.isLocal(), none.eject()}), QList<bool>(3, false));
+            VERIFY_ALL(none == SStorageInfo(), none != info);
             QCOMPARE(none.rootPath() + none.name() + none.type(), QString());
             QCOMPARE(none.totalBytes() + none.freeBytes(), 0);
         }
@@ -203,7 +204,9 @@ private Q_SLOTS:
         for (const SStorageInfo &volume : SStorageInfo::volumes()) {
             roots += volume.rootPath() == QDir::rootPath();
             QCOMPARE(volume.path(), volume.rootPath());
-            QCOMPARE(SStorageInfo(volume.path()).rootPath(), volume.rootPath());
+            QCOMPARE(SStorageInfo(volume.path()), volume);
+            QVERIFY(QDebug::toString(volume).startsWith(string("SStorageInfo(\"/"))
+                || SSysInfo::isWindows());
         }
         QCOMPARE(roots, 1);
         // A fixed disk is not unmounted, whoever asks.

@@ -4,8 +4,10 @@
 #include <tavex/core/export.h>
 
 #include <QByteArray>
-#include <QHash>
 #include <QStringList>
+
+#include <memory>
+#include <optional>
 
 class QIODevice;
 
@@ -41,21 +43,21 @@ public:
     ~SNvCache();
 
     /// The folder that the directory is in, as it was given.
-    [[nodiscard]] QString folder() const { return m_folder; }
+    [[nodiscard]] QString folder() const;
     /// The name of the directory in folder(): the given one, or the one that was made.
-    [[nodiscard]] QString name() const { return m_name; }
+    [[nodiscard]] QString name() const;
 
     /// True if there is no directory. All that reads, inserts or removes then returns false.
-    [[nodiscard]] bool isNull() const noexcept { return !m_valid; }
+    [[nodiscard]] bool isNull() const noexcept;
 
     /// Whether keys() is empty.
-    [[nodiscard]] bool isEmpty() const noexcept { return m_index.isEmpty(); }
+    [[nodiscard]] bool isEmpty() const noexcept;
     /// The number of keys().
-    [[nodiscard]] int count() const noexcept { return static_cast<int>(m_index.size()); }
+    [[nodiscard]] int count() const noexcept;
     /// Whether \a key is one of keys().
-    [[nodiscard]] bool contains(const QString &key) const { return m_index.contains(key); }
+    [[nodiscard]] bool contains(const QString &key) const;
     /// The keys that this object has inserted and not removed, in no particular order.
-    [[nodiscard]] QStringList keys() const { return m_index.keys(); }
+    [[nodiscard]] QStringList keys() const;
 
     /// Stores \a data, or what \a source has from its position on, or what \a object writes to a
     /// QDataStream of version Qt_5_6. True only if all of it is in the file and the system has
@@ -69,14 +71,20 @@ public:
     bool insert(const QString &key, Interfaces::ISerializable *object);
     /// @}
 
+    /// Why the latest insert() failed, in the words of the system or of the device; empty if it
+    /// succeeded.
+    [[nodiscard]] QString errorString() const;
+
     /// Copies the value to \a target, which is opened for that if it is not open, or lets \a object
     /// read it; false if there is none or if that fails, which may be after a part.
     /// @{
-    bool value(const QString &key, QIODevice *target) const;
-    bool value(const QString &key, Interfaces::ISerializable *object) const;
+    [[nodiscard]] bool value(const QString &key, QIODevice *target) const;
+    [[nodiscard]] bool value(const QString &key, Interfaces::ISerializable *object) const;
     /// @}
     /// The value; empty also if there is none or it cannot be read.
     [[nodiscard]] QByteArray value(const QString &key) const;
+    /// The value, which may be empty; nothing if there is none or it cannot be read.
+    [[nodiscard]] std::optional<QByteArray> find(const QString &key) const;
 
     /// False only if there is a value and it cannot be removed.
     bool remove(const QString &key);
@@ -85,20 +93,8 @@ public:
     void clear();
 
 private:
-    enum class IfNoFile { RemoveValue, KeepValue };
-    template <typename Write>
-    bool store(const QString &key, IfNoFile ifNoFile, const Write &write);
-    [[nodiscard]] QByteArray hash(const QString &key) const;
-    [[nodiscard]] QString pathName(const QString &fileName = QString()) const;
-    [[nodiscard]] QString pathName(const QByteArray &digest) const;
-    [[nodiscard]] bool removeFile(const QByteArray &digest) const;
-    bool readIndex();
-    void writeIndex() const;
-
-    bool m_valid = false;
-    QString m_folder;
-    QString m_name;
-    QHash<QString, QByteArray> m_index; ///< From the keys to the SHA-256 that names their files.
+    struct Private;
+    const std::unique_ptr<Private> d;
 };
 
 } // namespace Quorvex

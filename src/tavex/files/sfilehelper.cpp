@@ -19,6 +19,12 @@
 namespace Quorvex {
 namespace {
 
+/// Qt's words for an error without a reason.
+QString unknownError()
+{
+    return QFile().errorString();
+}
+
 /// QIODevice::read(), but 0 where a closed socket or an ended process returns -1 at its end. For a
 /// file, -1 stays an error.
 qint64 readSome(QIODevice *device, char *data, qint64 size)
@@ -42,36 +48,49 @@ qint64 writeWhileTaken(QIODevice *device, const char *data, qint64 size)
     return count;
 }
 
-/// Copies between two devices. False if one is not open.
-bool copyOpen(QIODevice *target, QIODevice *source, quint64 bufferSize)
+/// Why \a device has just failed. QFile is silent on that if a part could be written.
+QString reasonOf(const QIODevice *device)
+{
+    const auto *const file = qobject_cast<const QFileDevice *>(device);
+    const QString reason = device->errorString();
+    const bool isSilent = file && file->error() != QFileDevice::NoError && reason == unknownError();
+    return isSilent ? qt_error_string() : reason;
+}
+
+/// Copies between two devices. Returns the one that failed, or null.
+QIODevice *copyOpen(QIODevice *target, QIODevice *source, quint64 bufferSize)
 {
     // A source that has no data and cannot wait is asked again: each time after so many
     // milliseconds, and in all about as long as the default timeout of devices.
     constexpr int Pause = 1;
     constexpr int MaxPauses = 30000;
 
-    if (!source->isReadable() || !target->isWritable())
-        return false;
+    if (!source->isReadable())
+        return source;
+    if (!target->isWritable())
+        return target;
     const std::unique_ptr<char[]> chunk(new (std::nothrow) char[bufferSize]);
     if (!chunk || bufferSize == 0) {
         char byte;
-        return source->peek(&byte, 1) == 0 && source->atEnd();
+        return source->peek(&byte, 1) == 0 && source->atEnd() ? nullptr : source;
     }
     for (int pauses = 0; pauses <= MaxPauses;) {
         const qint64 count = readSome(source, chunk.get(), qint64(bufferSize));
-        if (count < 0 || writeWhileTaken(target, chunk.get(), count) < 0)
-            return false;
+        if (count < 0)
+            return source;
+        if (writeWhileTaken(target, chunk.get(), count) < 0)
+            return target;
         if (count > 0) {
             pauses = 0;
         } else if (source->atEnd()) {
             // Asked only after a read: a pipe or a file in /proc is always "at its end".
-            return true;
+            return nullptr;
         } else if (!source->waitForReadyRead(-1)) {
             ++pauses;
             QThread::msleep(Pause);
         }
     }
-    return false;
+    return source;
 }
 
 /// What is to be deleted at the end. It belongs to one process: a child that fork() makes has a
@@ -211,27 +230,45 @@ qint64 SFileHelper::writeAllBuffer(QIODevice *device, const char *data, qint64 s
 
 bool SFileHelper::copyDevice(QIODevice *target, QIODevice *source, quint64 bufferSize)
 {
-    if (!target || !source)
+    return copyDevice(target, source, bufferSize, nullptr);
+}
+
+bool SFileHelper::copyDevice(
+    QIODevice *target, QIODevice *source, quint64 bufferSize, QString *errorString)
+{
+    QString ignored;
+    QString &error = errorString ? *errorString : ignored;
+    error.clear();
+    if (!target || !source) {
+        error = unknownError();
         return false;
+    }
     // The source first: if it cannot be opened, the target is not touched.
     const bool opensSource = !source->isOpen();
-    if (opensSource && !openDevice(source, QIODevice::ReadOnly))
+    if (opensSource && !openDevice(source, QIODevice::ReadOnly)) {
+        error = source->errorString();
         return false;
+    }
     const bool opensTarget = !target->isOpen();
-    bool success = (!opensTarget || openDevice(target, QIODevice::WriteOnly))
-        && copyOpen(target, source, bufferSize);
+    QIODevice *failed = opensTarget && !openDevice(target, QIODevice::WriteOnly)
+        ? target
+        : copyOpen(target, source, bufferSize);
 
     // QFile buffers small pieces. That the disk is full shows only when they are flushed.
     auto *file = qobject_cast<QFileDevice *>(target);
-    if (file && file->isOpen())
-        success = file->flush() && success;
+    if (file && file->isOpen() && !file->flush() && !failed)
+        failed = file;
+    if (failed)
+        error = reasonOf(failed); // Before it is closed, when it forgets.
     if (opensTarget && target->isOpen())
         target->close();
-    if (file && opensTarget)
-        success = success && file->error() == QFileDevice::NoError;
+    if (file && opensTarget && !failed && file->error() != QFileDevice::NoError) {
+        failed = file;
+        error = file->errorString();
+    }
     if (opensSource)
         source->close();
-    return success;
+    return !failed;
 }
 
 QString SFileHelper::uniqueEnumeratedName(const QString &fileName)

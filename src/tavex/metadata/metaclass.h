@@ -27,12 +27,14 @@
                                                                                                    \
     [[nodiscard]] Name *clone() const override;                                                    \
     [[nodiscard]] QString name() override;                                                         \
+    using IMetadata::name;                                                                         \
     [[nodiscard]] quint64 id() const override;                                                     \
     /** The id() of every object of the class. */                                                  \
     [[nodiscard]] static quint64 uniqueId()
 
 /// Declares the class Name, which holds a value of a type T of Qt's and hands it out as Result. It
-/// is the base of classes that supply clone() and id(). What follows is declared in it as well.
+/// is the base of classes that supply clone() and id(), and is that one value and stays so. What
+/// follows is declared in it as well.
 #define TAVEX_META_VALUE(Name, T, Result, ...)                                                     \
     class TAVEX_EXPORT Name : public Interfaces::IMetadata                                         \
     {                                                                                              \
@@ -58,6 +60,8 @@
         [[nodiscard]] bool isNull() const override;                                                \
         [[nodiscard]] bool isEmpty() const override;                                               \
         [[nodiscard]] MetadataFlags flags() override;                                              \
+        using IMetadata::flags;                                                                    \
+        using IMetadata::name;                                                                     \
         /** The text, in the form that the class describes. */                                     \
         [[nodiscard]] QString toString(const QString &format, const QLocale &locale) override;     \
         using IFormattable::toString;                                                              \

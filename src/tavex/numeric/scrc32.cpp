@@ -2,6 +2,8 @@
 
 #include <tavex/numeric/scrc32_p.h>
 
+#include <QDataStream>
+#include <QDebug>
 #include <QIODevice>
 
 #include <atomic>
@@ -220,6 +222,30 @@ uint SCrc32::hash(QIODevice *device, bool *ok, uint polynomial)
 uint SCrc32::hash(QIODevice *device, uint polynomial)
 {
     return hash(device, nullptr, polynomial);
+}
+
+QDebug operator<<(QDebug debug, const SCrc32 &crc)
+{
+    const QDebugStateSaver saver(debug);
+    return debug.nospace() << "SCrc32(" << Qt::hex << Qt::showbase << crc.m_value << ", polynomial "
+                           << crc.m_polynomial << ')';
+}
+
+QDataStream &operator<<(QDataStream &stream, const SCrc32 &crc)
+{
+    return stream << quint32(crc.m_polynomial) << quint32(crc.m_value);
+}
+
+QDataStream &operator>>(QDataStream &stream, SCrc32 &crc)
+{
+    quint32 polynomial = 0;
+    quint32 value = 0;
+    stream >> polynomial >> value;
+    if (stream.status() == QDataStream::Ok) {
+        crc = SCrc32(polynomial);
+        crc.m_value = value;
+    }
+    return stream;
 }
 
 } // namespace Quorvex

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QHashFunctions>
 #include <QString>
 #include <QtEndian>
 
@@ -12,6 +13,8 @@
 #include <concepts>
 #include <utility>
 
+class QDataStream;
+class QDebug;
 class QIODevice;
 
 namespace Quorvex {
@@ -39,6 +42,9 @@ concept SCharOrNumber = SNumber<T> || std::same_as<T, char>;
 /// `to`. A number is fed as the bytes of its type, the lowest first on every machine; a real as its
 /// IEEE 754 bits. Text is fed as UTF-8. A bare pointer without a length is refused, and so is a
 /// number in place of data, as 0 would be a null pointer.
+///
+/// The layout stays as it is: the tables, the polynomial and the register, without a pointer, so
+/// that a copy is one of memory and a short piece of data takes no call.
 class TAVEX_EXPORT SCrc32
 {
 public:
@@ -171,6 +177,21 @@ public:
             return std::cmp_equal(crc.m_value, n);
     }
 
+    /// The hash of value and polynomial.
+    friend size_t qHash(const SCrc32 &crc, size_t seed = 0) noexcept
+    {
+        return qHashMulti(seed, crc.m_value, crc.m_polynomial);
+    }
+
+    /// Writes value and polynomial: `SCrc32(0x376e6e7, polynomial 0x4c11db7)`.
+    TAVEX_EXPORT friend QDebug operator<<(QDebug debug, const SCrc32 &crc);
+    /// Writes and reads polynomial and value, so that what reads can go on from there. Where
+    /// reading fails, \a crc stays as it is.
+    /// @{
+    TAVEX_EXPORT friend QDataStream &operator<<(QDataStream &stream, const SCrc32 &crc);
+    TAVEX_EXPORT friend QDataStream &operator>>(QDataStream &stream, SCrc32 &crc);
+    /// @}
+
 private:
     using Tables = std::array<std::array<uint, 256>, 8>;
     class Engine;
@@ -212,3 +233,5 @@ private:
 };
 
 } // namespace Quorvex
+
+QT_SPECIALIZE_STD_HASH_TO_CALL_QHASH_BY_CREF(Quorvex::SCrc32)

@@ -1,7 +1,9 @@
 #include <tavex/numeric/sgeometry.h>
 
 #include <tavex/convert/sconvert.h>
+#include <tavex/core/sclassname.h>
 
+#include <QDebug>
 #include <QStringList>
 
 namespace Quorvex {
@@ -28,6 +30,18 @@ bool RealText::split(const QString &text, std::span<qreal> numbers, const QLocal
             return false;
     }
     return true;
+}
+
+void RealText::write(QDebug &debug, const std::type_info &type, std::span<const qreal> numbers)
+{
+    const QDebugStateSaver saver(debug);
+    const char *separator = "(";
+    debug.nospace().noquote() << SClassName::name(type);
+    for (const qreal number : numbers) {
+        debug << separator << number;
+        separator = ", ";
+    }
+    debug << ')';
 }
 
 } // namespace Quorvex

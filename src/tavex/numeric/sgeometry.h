@@ -2,7 +2,9 @@
 
 #include <tavex/core/export.h>
 
+#include <QHashFunctions>
 #include <QLocale>
+#include <QMetaType>
 #include <QRectF>
 #include <QString>
 
@@ -10,6 +12,9 @@
 #include <optional>
 #include <span>
 #include <tuple>
+#include <typeinfo>
+
+class QDebug;
 
 /// \file
 /// Qt's geometry values, written as text and read.
@@ -26,6 +31,9 @@ namespace RealText {
 [[nodiscard]] TAVEX_EXPORT bool split(
     const QString &text, std::span<qreal> numbers, const QLocale &locale);
 
+/// Writes the name of the class \a type and \a numbers, such as `SPointF(1, 2)`.
+TAVEX_EXPORT void write(QDebug &debug, const std::type_info &type, std::span<const qreal> numbers);
+
 } // namespace RealText
 
 /// What SPointF, SSizeF, SRectF and SPadding have in common. Each of them is the class \a Own: a
@@ -33,7 +41,9 @@ namespace RealText {
 ///
 /// Unlike Qt's types they compare their numbers exactly. The text is the numbers as
 /// SConvert::toString() writes them, without separators of groups, and with "; " between them:
-/// "1.5; -2". Reading allows blanks around a number.
+/// "1.5; -2". Reading allows blanks around a number. A QVariant holds and saves them.
+///
+/// A value is laid out as Qt's, and stays so: it is read and written where that is.
 template <typename Own, typename Plain, auto... Numbers>
 class SGeometry
 {
@@ -50,6 +60,30 @@ public:
         return a.numbers() == b.numbers();
     }
     friend constexpr bool operator==(const Own &a, const Plain &b) noexcept { return a == Own(b); }
+    /// @}
+
+    /// The hash of all numbers.
+    friend size_t qHash(const Own &value, size_t seed = 0) noexcept
+    {
+        return std::apply([=](auto... n) { return qHashMulti(seed, n...); }, value.numbers());
+    }
+
+    /// Writes the name of the class and the numbers.
+    friend QDebug operator<<(QDebug debug, const Own &value)
+    {
+        RealText::write(debug, typeid(Own), value.numbers());
+        return debug;
+    }
+    /// Writes and reads it as Qt's type.
+    /// @{
+    friend QDataStream &operator<<(QDataStream &stream, const Own &value)
+    {
+        return stream << value.m_value;
+    }
+    friend QDataStream &operator>>(QDataStream &stream, Own &value)
+    {
+        return stream >> value.m_value;
+    }
     /// @}
 
     /// The text, in the form that the class describes.
@@ -188,3 +222,8 @@ public:
 };
 
 } // namespace Quorvex
+
+QT_SPECIALIZE_STD_HASH_TO_CALL_QHASH_BY_CREF(Quorvex::SPointF)
+QT_SPECIALIZE_STD_HASH_TO_CALL_QHASH_BY_CREF(Quorvex::SSizeF)
+QT_SPECIALIZE_STD_HASH_TO_CALL_QHASH_BY_CREF(Quorvex::SRectF)
+QT_SPECIALIZE_STD_HASH_TO_CALL_QHASH_BY_CREF(Quorvex::SPadding)

@@ -20,11 +20,9 @@ public:
 
     /// Begins a change of \a origin, or what it has to do in the change that is just calling it.
     template <typename Begin>
-    static void start(const Private &origin, Begin begin)
+    static void start(const Private &origin, std::unique_lock<Family> lock, Begin begin)
     {
-        std::unique_lock lock(*origin.family);
-        if (Change *const change = here.change; change && change->m_called == origin.q) {
-            change->m_called = nullptr;
+        if (Change *const change = calling(origin)) {
             begin(*change);
             return;
         }
@@ -34,50 +32,73 @@ public:
         change.run();
     }
 
-    /// Tells the change that is just passing through the thread of a new progress.
-    static void note(const Private &reporter, int before, int now)
+    /// The change that is just calling \a reporter, once.
+    static Change *calling(const Private &reporter)
     {
-        if (here.change) {
-            here.state ^= quint64(qHashMulti(0, &reporter, before) ^ qHashMulti(0, &reporter, now));
-        }
+        Change *const change = here.change;
+        if (!change || change->m_called != reporter.q)
+            return nullptr;
+        change->m_called = nullptr;
+        return change;
     }
 
-    void setProgress(Private *reporter, int value);
-    void abort(Private *reporter);
-    void setChildren(Private *pool, int value) { push(CallChildren, Progress, pool, value); }
-    void abortChildren(Private *pool);
-    void follow(Private *pool);
+    /// Tells what the thread is passing on that a progress has changed.
+    static void note(const Private &reporter, int before, int now)
+    {
+        if (here.change)
+            here.state ^= qHashMulti(0, &reporter, before) ^ qHashMulti(0, &reporter, now);
+    }
+
+    void pass(Private *reporter, Kind kind, int value, int before)
+    {
+        push(CallPeers, reporter, kind, value, before);
+    }
+    void setChildren(Private *pool, int value) { push(CallChildren, pool, Progress, value, 0); }
+    void abortChildren(Private *pool)
+    {
+        push(Announce, pool, Abort, 0, 0);
+        push(CallChildren, pool, Abort, 0, 1);
+    }
+    void follow(Private *pool)
+    {
+        const int mean = pool->family->mean();
+        if (mean == pool->progress())
+            return;
+        pool->store(mean);
+        push(CallPeers, pool, Progress, mean, -1);
+    }
 
 private:
     enum Task : quint8 {
         CallChildren, ///< In order.
         CallPeers,    ///< Those that are not there yet.
-        CallPool,     ///< If there is news.
-        Announce,     ///< If there still is.
+        CallPool,     ///< If there is news for it.
+        Announce,     ///< If there still is news.
         CallItself,
     };
     /// Has the lock of its reporter.
     struct Step
     {
-        /// Whether what it has to tell is new.
+        Task task;
+        Kind kind;
+        int value;  ///< What it passes on.
+        int before; ///< The progress that was; of an abort 1 if it was, else 0.
+        std::shared_ptr<Private> reporter;
+        std::size_t children = 0;            ///< How many it has called.
+        std::vector<IProgress *> peers = {}; ///< Whom it still has to call.
+        std::size_t asked = 0;               ///< The call that it is the first step of, or 0.
+
         [[nodiscard]] bool isNews() const
         {
             return before != (kind == Abort ? 1 : reporter->progress());
         }
-
-        Task task;
-        Kind kind;
-        int value;  ///< To pass on.
-        int before; ///< The progress that was; of an abort whether it was, 0 or 1.
-        std::shared_ptr<Private> reporter;
-        std::size_t index = 0;               ///< How many children are through.
-        std::size_t asked = 0;               ///< The call that it is the first step of, or 0.
-        std::vector<IProgress *> peers = {}; ///< Whom it has to call.
-    };
-    struct Here
-    {
-        Change *change; ///< What the thread is passing on.
-        quint64 state;  ///< Changes with each progress and is back when they are.
+        void beginPeers()
+        {
+            const QSet<IProgress *> &all = reporter->peers.at(kind);
+            peers.assign(all.cbegin(), all.cend());
+        }
+        IProgress *nextPeer();
+        Private *nextChild();
     };
 
     Change()
@@ -86,19 +107,22 @@ private:
     }
     ~Change() { here.change = m_outer; }
 
-    void push(Task task, Kind kind, Private *reporter, int value = 0, int before = 1);
+    void push(Task task, Private *reporter, Kind kind, int value, int before);
     void pop();
     void run();
     void work(Step *step);
     void announce();
-    static void beginPeers(Step *step);
-    static IProgress *nextPeer(Step *step);
-    static Private *nextChild(Step *step);
-    void call(Kind kind, IProgress *reporter, int value);
-    void ask(int value, IProgress *peer);
-    void cut();
+    void call(IProgress *reporter, Kind kind, int value);
+    void ask(IProgress *peer, int value);
+    [[nodiscard]] bool isApart() const;
     void setAll();
 
+    /// What the thread is doing.
+    struct Here
+    {
+        Change *change;
+        std::size_t state; ///< Changes with each progress and is back when they are.
+    };
     static thread_local constinit Here here;
 
     Change *const m_outer;
@@ -106,111 +130,121 @@ private:
     QVarLengthArray<Step, 4> m_steps;
     QSet<std::size_t> m_asked; ///< The calls of peers that are under way.
     std::size_t m_calls = 0;
-    bool m_isCut = false;        ///< It would not end; so it is not passed on to peers any more,
-    bool m_isSettingAll = false; ///< but all are set.
+    std::vector<std::array<std::shared_ptr<Private>, 2>> m_refusals; ///< Calls that led elsewhere.
+    bool m_isStuck = false;                                          ///< Whether one of them was.
+    bool m_isCut = false; ///< Whether it would not end; it is not passed on to peers any more.
+    bool m_isSettingAll = false;
 };
 
 thread_local constinit IProgress::Private::Change::Here IProgress::Private::Change::here{};
 
+/// Slots may have unlinked or deleted some.
+IProgress *IProgress::Private::Change::Step::nextPeer()
+{
+    while (!peers.empty()) {
+        IProgress *const peer = peers.back();
+        peers.pop_back();
+        if (reporter->peers.at(kind).contains(peer)
+            && (kind == Abort ? !peer->isAborted() : peer->progress() != reporter->q->progress()))
+            return peer;
+    }
+    return nullptr;
+}
+
+IProgress::Private *IProgress::Private::Change::Step::nextChild()
+{
+    const Family &family = *reporter->family;
+    while (children < family.children.size() && (kind == Progress || family.running > 0)) {
+        Private *const child = family.children[children++];
+        if (child && (kind == Progress || !child->isAborted()))
+            return child;
+    }
+    return nullptr;
+}
+
 void IProgress::Private::Change::push(
-    Task task, Kind kind, Private *reporter, int value, int before)
+    Task task, Private *reporter, Kind kind, int value, int before)
 {
     reporter->family->hold();
     m_steps.append(Step{task, kind, value, before, reporter->q->d});
     if (task == CallPeers && !m_isCut)
-        beginPeers(&m_steps.last());
+        m_steps.last().beginPeers();
 }
 
 void IProgress::Private::Change::pop()
 {
     const Step &step = m_steps.last();
-    if (step.asked)
+    if (step.asked && m_steps.size() > 1) {
+        const Private &asker = *(&step - 1)->reporter;
         m_asked.remove(step.asked);
+        m_isStuck = m_isStuck || asker.isStuck() || step.reporter->isStuck();
+        if (asker.progress() != step.reporter->progress())
+            m_refusals.push_back({(&step - 1)->reporter, step.reporter});
+    }
     step.reporter->family->unlock();
     m_steps.removeLast();
-}
-
-void IProgress::Private::Change::setProgress(Private *reporter, int value)
-{
-    const int before = reporter->store(std::clamp(value, 0, 100));
-    push(CallPeers, Progress, reporter, value, before);
-}
-
-void IProgress::Private::Change::abort(Private *reporter)
-{
-    const bool wasAborted = reporter->storeAbort();
-    push(CallPeers, Abort, reporter, 0, wasAborted);
-}
-
-void IProgress::Private::Change::abortChildren(Private *pool)
-{
-    push(Announce, Abort, pool, 0, 0);
-    push(CallChildren, Abort, pool);
-}
-
-void IProgress::Private::Change::follow(Private *pool)
-{
-    const int mean = pool->family->mean();
-    if (mean == pool->progress())
-        return;
-    pool->store(mean);
-    push(CallPeers, Progress, pool, mean, -1);
 }
 
 void IProgress::Private::Change::run()
 {
     while (!m_steps.isEmpty()) {
-        if (!m_steps.last().reporter->q)
-            pop();
-        else if (m_isCut && !m_isSettingAll && m_steps.size() == 1)
-            setAll();
-        else
+        if (m_steps.last().reporter->q)
             work(&m_steps.last());
+        else
+            pop();
     }
 }
 
 void IProgress::Private::Change::work(Step *step)
 {
+    Private *const pool = step->reporter->pool();
     switch (step->task) {
     case CallChildren:
-        if (Private *const child = nextChild(step)) {
-            step->kind == Progress ? setProgress(child, step->value) : abort(child);
+        if (Private *const child = step->nextChild(); child && step->kind == Progress) {
+            const int before = child->store(std::clamp(step->value, 0, 100));
+            pass(child, Progress, step->value, before);
+        } else if (child) {
+            pass(child, Abort, 0, child->storeAbort());
         } else if (step->kind == Progress) {
-            pop();
+            step->task = Announce;
+            step->before = step->reporter->progress();
         } else {
-            step->reporter->storeAbort();
             step->task = CallPeers;
-            beginPeers(step);
+            step->reporter->storeAbort();
+            step->beginPeers();
         }
         break;
     case CallPeers:
-        if (IProgress *const peer = nextPeer(step); !peer)
+        if (IProgress *const peer = step->nextPeer(); !peer)
             step->task = CallPool;
         else if (step->kind == Progress)
-            ask(step->value, peer);
+            ask(peer, step->value);
         else
-            call(Abort, peer, 0);
+            call(peer, Abort, 0);
         break;
     case CallPool:
         step->task = Announce;
-        if (Private *const pool = step->reporter->pool(); !pool || !step->isNews())
+        if (!pool || !step->isNews())
             break;
-        else if (step->kind == Progress)
+        if (step->kind == Progress)
             follow(pool);
-        else if (Step *const below = step - 1;
-                 m_steps.size() > 1 && below->task == CallChildren && below->reporter.get() == pool)
-            std::swap(*below, *step); // The others before it is announced.
+        else if (Step *const below = step - 1; m_steps.size() > 1 && below->task == CallChildren
+                 && below->kind == Abort && below->reporter.get() == pool)
+            std::swap(*below, *step); // The pool aborts the others before this is announced.
         else
-            push(CallChildren, Abort, pool);
+            push(CallChildren, pool, Abort, 0, 1);
         break;
     case Announce:
-        announce();
+        if (m_steps.size() == 1 && !m_isSettingAll && (m_isCut || isApart()))
+            setAll();
+        else
+            announce();
         break;
     case CallItself:
         const std::shared_ptr<Private> reporter = step->reporter;
         const int value = step->value;
         pop();
-        call(Progress, reporter->q, value);
+        call(reporter->q, Progress, value);
         break;
     }
 }
@@ -232,82 +266,50 @@ void IProgress::Private::Change::announce()
         pop();
 }
 
-void IProgress::Private::Change::beginPeers(Step *step)
-{
-    const QSet<IProgress *> &peers = step->reporter->peers.at(step->kind);
-    step->peers.assign(peers.cbegin(), peers.cend());
-}
-
-/// Slots may have unlinked or deleted some.
-IProgress *IProgress::Private::Change::nextPeer(Step *step)
-{
-    const Private &from = *step->reporter;
-    while (!step->peers.empty()) {
-        IProgress *const peer = step->peers.back();
-        step->peers.pop_back();
-        if (from.peers.at(step->kind).contains(peer)
-            && (step->kind == Abort ? !peer->isAborted() : peer->progress() != from.q->progress()))
-            return peer;
-    }
-    return nullptr;
-}
-
-IProgress::Private *IProgress::Private::Change::nextChild(Step *step)
-{
-    const Family &family = *step->reporter->family;
-    if (step->kind == Abort && family.running == 0)
-        return nullptr;
-    while (step->index < family.children.size()) {
-        Private *const child = family.children[step->index++];
-        if (child && (step->kind == Progress || !child->isAborted()))
-            return child;
-    }
-    return nullptr;
-}
-
-void IProgress::Private::Change::call(Kind kind, IProgress *reporter, int value)
+void IProgress::Private::Change::call(IProgress *reporter, Kind kind, int value)
 {
     m_called = reporter;
-    if (kind == Progress)
-        reporter->setProgress(value);
-    else
-        reporter->abort();
+    kind == Progress ? reporter->setProgress(value) : reporter->abort();
     m_called = nullptr;
 }
 
 /// Sets a peer, unless that is under way already and all is as it was then: it would be asked
 /// without end. Else that ends, as there are no more than so many states; but those of a large
 /// group are many.
-void IProgress::Private::Change::ask(int value, IProgress *peer)
+void IProgress::Private::Change::ask(IProgress *peer, int value)
 {
     constexpr std::size_t patience = 1000;
     const std::size_t asked = qHashMulti(1, peer, value, here.state);
     const std::size_t size = m_steps.last().reporter->family->groupSize();
     if (m_asked.contains(asked) || ++m_calls > patience * (size + 10)) {
-        cut();
+        m_isCut = true;
+        for (Step &step : m_steps) {
+            if (step.kind == Progress) {
+                step.peers.clear();
+                step.children = step.reporter->family->children.size();
+            }
+        }
         return;
     }
     const qsizetype first = m_steps.size();
-    call(Progress, peer, value);
+    call(peer, Progress, value);
     if (m_steps.size() > first) {
         m_steps[first].asked = asked;
         m_asked.insert(asked);
     }
 }
 
-/// Passes nothing on any more.
-void IProgress::Private::Change::cut()
+/// Whether peers differ that could agree. With one that is stuck, plain calls may end like that
+/// themselves, and what they give stays.
+bool IProgress::Private::Change::isApart() const
 {
-    m_isCut = true;
-    for (Step &step : m_steps) {
-        if (step.kind == Progress) {
-            step.peers.clear();
-            step.index = step.reporter->family->children.size();
-        }
-    }
+    return !m_isStuck && std::any_of(m_refusals.cbegin(), m_refusals.cend(), [](const auto &pair) {
+        const auto &[a, b] = pair;
+        return a->peers[Progress].contains(b->q) && a->progress() != b->progress();
+    });
 }
 
-/// Sets all that it could reach from the origin.
+/// Sets all that the origin's links reach.
 void IProgress::Private::Change::setAll()
 {
     m_isSettingAll = true;
@@ -322,20 +324,20 @@ void IProgress::Private::Change::setAll()
     };
     reach(m_steps.last().reporter.get());
     for (std::size_t i = 0; i < reached.size(); ++i) {
-        Private *const reporter = reached[i];
-        for (const IProgress *const peer : std::as_const(reporter->peers[Progress]))
+        Private *const from = reached[i];
+        for (const IProgress *const peer : std::as_const(from->peers[Progress]))
             reach(peer->d.get());
-        if (reporter->isPool())
-            std::for_each(
-                reporter->family->children.cbegin(), reporter->family->children.cend(), reach);
-        else if (Private *const pool = reporter->pool(); pool && !pool->peers[Progress].isEmpty())
+        const std::vector<Private *> &children = from->family->children;
+        if (from->isPool())
+            std::for_each(children.cbegin(), children.cend(), reach);
+        else if (Private *const pool = from->pool(); pool && !pool->peers[Progress].isEmpty())
             reach(pool);
     }
     for (Private *const reporter : reached)
-        push(CallItself, Progress, reporter, value);
+        push(CallItself, reporter, Progress, value, 0);
 }
 
-/// Sets the bits of \a mask, unless it has one of \a unless. What they all were.
+/// Changes the bits of \a mask, unless it has one of \a unless. What they all were.
 quint32 IProgress::Private::set(quint32 mask, quint32 bits, quint32 unless)
 {
     quint32 before = m_state;
@@ -349,53 +351,57 @@ quint32 IProgress::Private::set(quint32 mask, quint32 bits, quint32 unless)
 int IProgress::Private::store(int value)
 {
     const auto before = int(set(ProgressBits, quint32(value)) & ProgressBits);
-    if (before != value) {
-        if (m_isChild)
-            family->sum += value - before;
-        Change::note(*this, before, value);
-    }
+    if (before == value)
+        return before;
+    if (m_isChild)
+        family->sum += value - before;
+    Change::note(*this, before, value);
     return before;
 }
 
 bool IProgress::Private::storeAbort()
 {
     const bool wasAborted = set(AbortedBit, AbortedBit) & AbortedBit;
-    if (m_isChild && !wasAborted)
-        --family->running;
+    family->running -= m_isChild && !wasAborted ? 1 : 0;
     return wasAborted;
 }
 /// @}
 
 void IProgress::Private::setProgress(int value)
 {
-    const auto now = quint32(std::clamp(value, 0, 100));
-    const quint32 before = set(ProgressBits, now, SharedBit);
-    if (before & SharedBit)
-        Change::start(*this, [=, this](Change &change) { change.setProgress(this, value); });
-    else if ((before & ProgressBits) != now)
-        announce(Progress, int(now));
+    const int now = std::clamp(value, 0, 100);
+    const quint32 state = set(ProgressBits, quint32(now), SharedBit);
+    auto before = int(state & ProgressBits);
+    if (state & SharedBit) {
+        std::unique_lock lock(*family);
+        before = store(now);
+        const Private *const parent = pool();
+        if (!peers[Progress].isEmpty() || (parent && parent->progress() != family->mean())) {
+            Change::start(*this, std::move(lock),
+                [=, this](Change &change) { change.pass(this, Progress, value, before); });
+            return;
+        }
+        Change::calling(*this);
+    }
+    if (before != now)
+        announce(Progress, now);
 }
 
 void IProgress::Private::abort()
 {
-    const quint32 before = set(AbortedBit, AbortedBit, SharedBit);
-    if (before & SharedBit)
-        Change::start(*this, [this](Change &change) { change.abort(this); });
-    else if (!(before & AbortedBit))
+    const quint32 state = set(AbortedBit, AbortedBit, SharedBit);
+    if (state & SharedBit) {
+        Change::start(*this, std::unique_lock(*family),
+            [this](Change &change) { change.pass(this, Abort, 0, storeAbort()); });
+    } else if (!(state & AbortedBit)) {
         announce(Abort, 0);
+    }
 }
 
 void IProgress::Private::clearAbort()
 {
     const std::scoped_lock lock(*family);
-    if ((set(AbortedBit, 0) & AbortedBit) && m_isChild)
-        ++family->running;
-}
-
-void IProgress::Private::makePool()
-{
-    family->pool = this;
-    updateShared();
+    family->running += (set(AbortedBit, 0) & AbortedBit) && m_isChild ? 1 : 0;
 }
 
 void IProgress::Private::adopt(Private *child)
@@ -405,69 +411,76 @@ void IProgress::Private::adopt(Private *child)
     child->m_index = family->children.size();
     child->updateShared();
     family->children.push_back(child);
+    ++family->living;
     ++family->running;
 }
 
 void IProgress::Private::setChildren(int value)
 {
-    Change::start(*this, [=, this](Change &change) { change.setChildren(this, value); });
+    Change::start(*this, std::unique_lock(*family),
+        [=, this](Change &change) { change.setChildren(this, value); });
 }
 
 void IProgress::Private::abortChildren()
 {
-    Change::start(*this, [this](Change &change) { change.abortChildren(this); });
+    Change::start(
+        *this, std::unique_lock(*family), [this](Change &change) { change.abortChildren(this); });
 }
 
 void IProgress::Private::followChildren()
 {
-    if (!family->children.empty() && family->mean() != progress())
-        Change::start(*this, [this](Change &change) { change.follow(this); });
+    if (family->children.empty() || family->mean() == progress())
+        return;
+    Change::start(
+        *this, std::unique_lock(*family), [this](Change &change) { change.follow(this); });
 }
 
 void IProgress::Private::updateShared()
 {
-    const bool isShared =
-        isPool() || m_isChild || !peers[Progress].isEmpty() || !peers[Abort].isEmpty();
-    set(SharedBit, isShared ? SharedBit : NoBits);
+    const bool isAlone = peers[Progress].isEmpty() && peers[Abort].isEmpty();
+    set(SharedBit, isAlone && !m_isChild && !isPool() ? 0 : SharedBit);
 }
 
-void IProgress::Private::link(Private *peer, Kind kind)
+void IProgress::Private::link(Private *peer, Peers kinds)
 {
-    if (peers.at(kind).contains(peer->q))
-        return;
-    peers.at(kind).insert(peer->q);
-    peer->peers.at(kind).insert(q);
+    for (const Kind kind : {Progress, Abort}) {
+        if (!(kinds & (1 << kind)) || peers.at(kind).contains(peer->q))
+            continue;
+        peers.at(kind).insert(peer->q);
+        peer->peers.at(kind).insert(q);
+        Family::link(family.get(), peer->family.get());
+    }
     updateShared();
     peer->updateShared();
-    Family::link(family.get(), peer->family.get());
 }
 
-void IProgress::Private::unlink(Private *peer, Kind kind)
+void IProgress::Private::unlink(Private *peer, Peers kinds)
 {
-    if (!peers.at(kind).remove(peer->q))
-        return;
-    peer->peers.at(kind).remove(q);
+    const std::scoped_lock lock(*peer->family);
+    for (const Kind kind : {Progress, Abort}) {
+        if (!(kinds & (1 << kind)) || !peers.at(kind).remove(peer->q))
+            continue;
+        peer->peers.at(kind).remove(q);
+        Family::unlink(family.get(), peer->family.get());
+    }
     updateShared();
     peer->updateShared();
-    Family::unlink(family.get(), peer->family.get());
 }
 
 void IProgress::Private::unlinkAll()
 {
     const std::scoped_lock lock(*family);
-    for (const Kind kind : {Progress, Abort}) {
-        while (!peers.at(kind).isEmpty()) {
-            Private *const peer = (*peers.at(kind).cbegin())->d.get();
-            const std::scoped_lock both(*peer->family);
-            unlink(peer, kind);
-        }
+    for (const QSet<IProgress *> &links : peers) {
+        while (!links.isEmpty())
+            unlink((*links.cbegin())->d.get(), AllPeers);
     }
     if (isPool())
         family->pool = nullptr;
     if (std::exchange(m_isChild, false)) {
         family->children[m_index] = nullptr;
-        family->sum -= progress();
+        --family->living;
         family->running -= isAborted() ? 0 : 1;
+        family->sum -= progress();
     }
 }
 
@@ -520,10 +533,7 @@ bool IProgress::link(IProgress *a, IProgress *b, Peers peers)
     if (!a || !b || a == b)
         return false;
     const std::scoped_lock both(*a->d->family, *b->d->family);
-    if (peers & ProgressPeers)
-        a->d->link(b->d.get(), Private::Progress);
-    if (peers & AbortPeers)
-        a->d->link(b->d.get(), Private::Abort);
+    a->d->link(b->d.get(), peers);
     return true;
 }
 
@@ -532,15 +542,9 @@ void IProgress::unlink(IProgress *a, IProgress *b, Peers peers)
     if (!a || !b)
         return;
     const std::scoped_lock lock(*a->d->family);
-    const auto isPeer = [a, b](Private::Kind kind) { return a->d->peers.at(kind).contains(b); };
-    if (!isPeer(Private::Progress) && !isPeer(Private::Abort))
-        return;
-    // Only now is b known to be in the same group, so that this does not wait.
-    const std::scoped_lock both(*b->d->family);
-    if (peers & ProgressPeers)
-        a->d->unlink(b->d.get(), Private::Progress);
-    if (peers & AbortPeers)
-        a->d->unlink(b->d.get(), Private::Abort);
+    // Only if they are linked is b known to be in the same group, so that this does not wait.
+    if (a->d->peers[Private::Progress].contains(b) || a->d->peers[Private::Abort].contains(b))
+        a->d->unlink(b->d.get(), peers);
 }
 
 void IProgress::unlinkAll()

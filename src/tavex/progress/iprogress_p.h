@@ -23,7 +23,8 @@ public:
 
         Private *pool = nullptr;         ///< Null if there is none, or no longer.
         std::vector<Private *> children; ///< Null where one was deleted.
-        std::size_t running = 0;         ///< How many of them are there and not aborted.
+        std::size_t living = 0;          ///< How many were not.
+        std::size_t running = 0;         ///< How many of those are not aborted.
         std::atomic<qint64> sum = 0;     ///< Of their progress.
     };
 
@@ -40,21 +41,20 @@ public:
     void abort();
     void clearAbort();
 
-    /// Makes it a pool, and a new reporter its child.
+    /// What a pool does. A child that it adopts is new.
     /// @{
-    void makePool();
     void adopt(Private *child);
-    /// @}
-
-    /// What a pool does with its children.
-    /// @{
     void setChildren(int value);
     void abortChildren();
     void followChildren();
     /// @}
 
-    void link(Private *peer, Kind kind);
-    void unlink(Private *peer, Kind kind);
+    /// Changes links, under the locks.
+    /// @{
+    void link(Private *peer, Peers kinds);
+    void unlink(Private *peer, Peers kinds);
+    void updateShared();
+    /// @}
     void unlinkAll();
 
     IProgress *q = nullptr; ///< Null when it is no more.
@@ -64,13 +64,10 @@ public:
 private:
     class Change;
 
-    /// In one number, so that a reporter that is not shared can be changed without its lock.
-    enum : quint32 {
-        NoBits = 0,
-        ProgressBits = 0x7f,
-        AbortedBit = 0x80,
-        SharedBit = 0x100, ///< It has peers or is of a pool.
-    };
+    // In one number, so that what is not shared changes at one go, without the lock.
+    static constexpr quint32 ProgressBits = 0x7f;
+    static constexpr quint32 AbortedBit = 0x80;
+    static constexpr quint32 SharedBit = 0x100; ///< It has peers or is of a pool.
 
     /// Emits the signal of a change.
     virtual void announce(Kind, int) const { }
@@ -78,9 +75,13 @@ private:
     quint32 set(quint32 mask, quint32 bits, quint32 unless = 0);
     int store(int value);
     bool storeAbort();
-    void updateShared();
     [[nodiscard]] bool isPool() const { return family->pool == this; }
     [[nodiscard]] Private *pool() const { return m_isChild ? family->pool : nullptr; }
+    /// Whether it is a pool that does not get where others do.
+    [[nodiscard]] bool isStuck() const
+    {
+        return isPool() && (family->living == 0 || family->living < family->children.size());
+    }
 
     std::atomic<quint32> m_state = 0;
     bool m_isChild = false;
@@ -92,11 +93,10 @@ class IProgress::Private::Signalling : public Private
 {
     void announce(Kind kind, int progress) const override
     {
-        auto *const reporter = static_cast<Reporter *>(q);
         if (kind == Abort)
-            Q_EMIT reporter->aborting();
+            Q_EMIT static_cast<Reporter *>(q)->aborting();
         else
-            Q_EMIT reporter->reportProgress(progress);
+            Q_EMIT static_cast<Reporter *>(q)->reportProgress(progress);
     }
 };
 

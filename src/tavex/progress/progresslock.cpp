@@ -13,54 +13,48 @@ namespace Quorvex::Interfaces {
 class ProgressLock::Search
 {
 public:
-    explicit Search(ProgressLock *start) { add(start); }
-
-    /// Follows the links of one more. Whether there are more to follow.
-    bool next()
+    explicit Search(ProgressLock *start)
+        : found{start}
+        , m_seen{start}
     {
-        m_fresh = found.size();
+    }
+    enum Outcome { More, Through, Met };
+    /// Follows the links of one more lock. It has met \a other if that has found the same.
+    Outcome next(const Search &other)
+    {
         const QHash<ProgressLock *, int> &links = found[m_next++]->m_links;
-        std::for_each(links.keyBegin(), links.keyEnd(), [this](ProgressLock *lock) { add(lock); });
-        return m_next < found.size();
+        for (auto it = links.keyBegin(); it != links.keyEnd(); ++it) {
+            if (other.m_seen.contains(*it))
+                return Met;
+            if (!m_seen.contains(*it)) {
+                m_seen.insert(*it);
+                found.push_back(*it);
+            }
+        }
+        return m_next < found.size() ? More : Through;
     }
-    /// Whether the latest step has reached what \a other has found.
-    [[nodiscard]] bool meets(const Search &other) const
-    {
-        return std::any_of(found.cbegin() + std::ptrdiff_t(m_fresh), found.cend(),
-            [&other](ProgressLock *lock) { return other.m_seen.contains(lock); });
-    }
-
     std::vector<ProgressLock *> found;
 
 private:
-    void add(ProgressLock *lock)
-    {
-        const qsizetype before = m_seen.size();
-        m_seen.insert(lock);
-        if (m_seen.size() > before)
-            found.push_back(lock);
-    }
-
     QSet<ProgressLock *> m_seen;
     std::size_t m_next = 0;
-    std::size_t m_fresh = 0;
 };
 
 bool ProgressLock::take(bool wait)
 {
     for (;;) {
         std::shared_ptr<Group> shared;
-        Group *group = m_group.load(std::memory_order_acquire);
+        Group *group = m_group;
         if (group != &m_own) {
             const std::lock_guard gate(m_gate);
             shared = m_shared;
-            group = m_group.load(std::memory_order_relaxed);
+            group = m_group;
         }
         if (wait)
             group->mutex.lock();
         else if (!group->mutex.try_lock())
             return false;
-        if (m_group.load(std::memory_order_relaxed) == group) {
+        if (m_group == group) {
             ++m_depth;
             return true;
         }
@@ -72,12 +66,12 @@ void ProgressLock::unlock()
 {
     const std::shared_ptr<Group> shared = m_shared; // The next to have it may dissolve the group.
     --m_depth;
-    m_group.load(std::memory_order_relaxed)->mutex.unlock();
+    m_group.load()->mutex.unlock();
 }
 
 void ProgressLock::hold()
 {
-    m_group.load(std::memory_order_relaxed)->mutex.lock();
+    m_group.load()->mutex.lock();
     ++m_depth;
 }
 
@@ -85,14 +79,15 @@ void ProgressLock::link(ProgressLock *a, ProgressLock *b)
 {
     if (a == b)
         return;
-    if (a->m_group.load(std::memory_order_relaxed) != b->m_group.load(std::memory_order_relaxed)) {
-        const bool isALarger = a->groupSize() >= b->groupSize();
-        ProgressLock *const staying = isALarger ? a : b;
-        if (!staying->m_shared)
-            move({staying}, std::make_shared<Group>());
-        Search moving(isALarger ? b : a);
-        while (moving.next()) { }
-        move(moving.found, staying->m_shared);
+    if (a->groupSize() < b->groupSize())
+        std::swap(a, b);
+    if (a->m_group.load() != b->m_group.load()) {
+        if (!a->m_shared)
+            move({a}, std::make_shared<Group>());
+        Search moving(b);
+        const Search none(a);
+        while (moving.next(none) == Search::More) { }
+        move(moving.found, a->m_shared);
     }
     ++a->m_links[b];
     ++b->m_links[a];
@@ -112,20 +107,16 @@ void ProgressLock::unlink(ProgressLock *a, ProgressLock *b)
     // fewer links first: a star should not be searched to find that it has lost a ray.
     if (a->m_links.size() > b->m_links.size())
         std::swap(a, b);
-    Search fromA(a);
-    Search fromB(b);
-    Search *part = &fromA;
-    Search *rest = &fromB;
-    while (part->next()) {
-        if (part->meets(*rest))
-            return;
+    Search part(a);
+    Search rest(b);
+    Search::Outcome outcome = part.next(rest);
+    for (; outcome == Search::More; outcome = part.next(rest))
         std::swap(part, rest);
-    }
-    if (part->meets(*rest))
+    if (outcome == Search::Met)
         return;
-    move(part->found, part->found.size() > 1 ? std::make_shared<Group>() : nullptr);
-    if (ProgressLock *const last = rest->found.front(); last->groupSize() == 1)
-        move({last}, nullptr);
+    move(part.found, part.found.size() > 1 ? std::make_shared<Group>() : nullptr);
+    if (rest.found.front()->groupSize() == 1)
+        move({rest.found.front()}, nullptr);
 }
 
 /// Moves \a locks of one group, of which the thread has one at least, to another, which is new or
@@ -133,7 +124,7 @@ void ProgressLock::unlink(ProgressLock *a, ProgressLock *b)
 void ProgressLock::move(const std::vector<ProgressLock *> &locks, const std::shared_ptr<Group> &to)
 {
     const std::shared_ptr<Group> from = locks.front()->m_shared;
-    Group *const before = from ? from.get() : &locks.front()->m_own;
+    Group *const before = locks.front()->m_group;
     Group *const after = to ? to.get() : &locks.front()->m_own;
     const int held = std::accumulate(locks.cbegin(), locks.cend(), 0,
         [](int sum, const ProgressLock *lock) { return sum + lock->m_depth; });
@@ -145,7 +136,7 @@ void ProgressLock::move(const std::vector<ProgressLock *> &locks, const std::sha
     for (ProgressLock *const lock : locks) {
         const std::lock_guard gate(lock->m_gate);
         lock->m_shared = to;
-        lock->m_group.store(after, std::memory_order_release);
+        lock->m_group = after;
     }
     before->size -= locks.size();
     after->size += locks.size();

@@ -25,37 +25,33 @@ public:
     [[nodiscard]] bool try_lock() { return take(false); }
     void unlock();
 
-    /// Takes it once more; the thread has its group.
+    // The thread has the locks that these are about.
+    /// Takes it once more.
     void hold();
-
-    /// How many locks the group has, which the thread has.
-    [[nodiscard]] std::size_t groupSize() const
-    {
-        return m_group.load(std::memory_order_relaxed)->size;
-    }
-
-    /// Counts one more link, or one less, between two locks that the thread has.
+    /// How many locks its group has.
+    [[nodiscard]] std::size_t groupSize() const { return m_group.load()->size; }
+    /// Counts one more link between two, or one less.
     /// @{
     static void link(ProgressLock *a, ProgressLock *b);
     static void unlink(ProgressLock *a, ProgressLock *b);
     /// @}
 
 private:
-    class Search;
     struct Group
     {
         std::recursive_mutex mutex;
-        std::size_t size = 0; ///< How many locks there are.
+        std::size_t size = 0;
     };
+    class Search;
 
     bool take(bool wait);
     static void move(const std::vector<ProgressLock *> &locks, const std::shared_ptr<Group> &to);
 
-    Group m_own{{}, 1}; ///< Without links. It cannot go while another thread waits for it.
-    int m_depth = 0;    ///< How often it is taken.
-    std::mutex m_gate;  ///< Held for a moment to change or copy the next two.
-    std::shared_ptr<Group> m_shared; ///< Null without links.
+    Group m_own{{}, 1}; ///< Without links. It cannot go while a thread waits for it.
     std::atomic<Group *> m_group = &m_own;
+    std::shared_ptr<Group> m_shared; ///< What keeps another group.
+    std::mutex m_gate;               ///< Held for a moment to change or copy these two.
+    int m_depth = 0;                 ///< How often it is taken.
     QHash<ProgressLock *, int> m_links;
 };
 

@@ -7,7 +7,8 @@ SProgressPool::SProgressPool(int count, QObject *parent)
     : QObject(parent)
     , IProgress(std::make_shared<Private::Signalling<SProgressPool>>())
 {
-    d->makePool();
+    d->family->pool = d.get();
+    d->updateShared();
     for (int i = 0; i < count; ++i) {
         auto *const child = new SProgress(this);
         d->adopt(child->IProgress::d.get());

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 
 class QFile;
 
@@ -47,8 +48,8 @@ enum class WindowsText {
 /// minute where this takes another program.
 [[nodiscard]] bool linkDirectory(const QString &link, const QString &folder);
 
-/// The contents of the file at \a path; empty if it cannot be read to its end.
-[[nodiscard]] QByteArray readFile(const QString &path);
+/// The contents of the file at \a path; nothing if it cannot be read to its end.
+[[nodiscard]] std::optional<QByteArray> readFile(const QString &path);
 
 /// Makes the directory \a path and the missing ones above it, open to the user alone. True also if
 /// it exists already.

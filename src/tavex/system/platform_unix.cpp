@@ -209,7 +209,9 @@ QString makeNamed(const QString &directory, const Make &make)
         if (errno != ENOENT)
             break;
     }
+    const int error = errno;
     rmdir(nativePath.constData());
+    errno = error;
     return {};
 }
 
@@ -323,33 +325,35 @@ void callInChildren(void (*call)())
     (void)pthread_atfork(nullptr, nullptr, call);
 }
 
-QByteArray readFile(const QString &path)
+std::optional<QByteArray> readFile(const QString &path)
 {
     const Descriptor file = openForReading(path);
     // lseek() takes half as long as fstat(). Of what is no regular file, only a disk has a size.
     constexpr off_t SmallestDisk = 1 << 18;
     const off_t size = lseek(file, 0, SEEK_END);
     if (size < 0 || (size >= SmallestDisk && !isFile(file)))
-        return {};
+        return std::nullopt;
     try {
         QByteArray data(size, Qt::Uninitialized);
         for (off_t done = 0; done < size;) {
             const ssize_t count =
                 pread(file, data.data() + done, static_cast<std::size_t>(size - done), done);
             if (count == 0 || (count < 0 && errno != EINTR))
-                return {};
+                return std::nullopt;
             done += qMax(count, ssize_t{0});
         }
         return data;
     } catch (const std::bad_alloc &) {
-        return {};
+        return std::nullopt;
     }
 }
 
 bool makePrivateDirectory(const QString &path)
 {
-    if (path.contains(QChar::Null))
+    if (path.contains(QChar::Null)) {
+        errno = EINVAL;
         return false;
+    }
     const auto make = [&] { return mkdir(QFile::encodeName(path).constData(), 0700) == 0; };
     if (make())
         return true;

@@ -258,18 +258,18 @@ bool removeFolder(const QString &path)
 
 void callInChildren(void (*)()) { }
 
-QByteArray readFile(const QString &path)
+std::optional<QByteArray> readFile(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return {};
+        return std::nullopt;
     try {
         QByteArray data(file.size(), Qt::Uninitialized);
         if (file.read(data.data(), data.size()) != data.size())
-            return {};
+            return std::nullopt;
         return data;
     } catch (const std::bad_alloc &) {
-        return {};
+        return std::nullopt;
     }
 }
 
@@ -334,7 +334,9 @@ bool NewFile::createNamed()
         }
         Sleep(i < MaxTries / 2 ? 0 : 1);
     }
+    const DWORD error = GetLastError();
     RemoveDirectoryW(wide(nativePath));
+    SetLastError(error);
     return false;
 }
 
