@@ -1,6 +1,6 @@
 #include <tavex/metadata/smetadatable.h>
 
-#include <tavex/core/lasting_p.h>
+#include <tavex/core/startup_p.h>
 
 #include <algorithm>
 #include <map>
