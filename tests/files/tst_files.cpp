@@ -80,7 +80,7 @@ private Q_SLOTS:
         QSaveFile save(path("saved")); // Its close() ends the process.
         for (QIODevice *refused : QList<QIODevice *>{nullptr, &nowhere, &nameless, &save}) {
             QString error;
-            QVERIFY(!SFileHelper::copyDevice(&closed, refused, 5, &error) && !error.isEmpty());
+            VERIFY_ALL(!SFileHelper::copyDevice(&closed, refused, 5, &error), !error.isEmpty());
             QVERIFY(!SFileHelper::copyDevice(refused, &closed, 5));
             QVERIFY(!SEnumHelper::writeTranslatorXML(refused, {}));
         }
