@@ -13,7 +13,8 @@ namespace Quorvex {
 /// Whole reads, writes and copies on any device, unused file names, and files and folders that are
 /// deleted when the library is unloaded.
 ///
-/// All members may be called from any thread; a device is used by one thread at a time.
+/// All members may be called from any thread; a device is used by one thread at a time. Why reading
+/// or writing failed, errorString() of the device tells.
 class TAVEX_EXPORT SFileHelper
 {
 public:
