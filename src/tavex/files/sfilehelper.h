@@ -70,9 +70,10 @@ public:
 
     // What is registered here is deleted by deleteNow(), and at the latest when the library is
     // unloaded or the process ends by returning from main() or calling exit(). Relative paths count
-    // from where the process is when they are registered; links in a path are followed when it is
-    // deleted, also before a "..", but for the last name. A child that the process forked deletes
-    // nothing of what its parent registered. Each returns its argument, a temporary one by value.
+    // from the folder that is current when they are registered; links in a path are followed when
+    // it is deleted, also before a "..", but for the last name. A child that the process forked
+    // deletes nothing of what its parent registered. Each returns its argument, a temporary one by
+    // value.
 
     /// Registers a file, which need not exist. An empty path is ignored, as is a relative one where
     /// the current folder has been removed.
