@@ -2,6 +2,8 @@
 
 #include <tavex/numeric/srandom_p.h>
 
+#include <QtEndian>
+
 #include <numeric>
 #include <random>
 
@@ -40,7 +42,7 @@ private Q_SLOTS:
         for (quint64 state = 0; state <= 0xFFFFFFFF; state += 16381) {
             SRandom step{uint(state)};
             const uint expected = schrage(uint(state));
-            QVERIFY(uint(step.next()) == expected && step == SRandom(expected));
+            VERIFY_ALL(uint(step.next()) == expected, step == SRandom(expected));
         }
     }
 
@@ -58,8 +60,7 @@ private Q_SLOTS:
             QByteArray expected(4 * Count, '\0');
             for (qsizetype i = 0; i < Count; ++i) {
                 states.append(schrage(states.at(i)));
-                for (int byte = 0; byte < 4; ++byte)
-                    expected[4 * i + byte] = char(states.at(i + 1) >> 8 * byte);
+                qToLittleEndian(states.at(i + 1), expected.data() + 4 * i);
             }
             for (qsizetype size = 0; size <= Count; ++size) {
                 const auto check = [&](auto array, double unit) {
@@ -80,7 +81,7 @@ private Q_SLOTS:
                     if (seed % Modulus == 0)
                         break;
                     const qsizetype count = fill(state, bytes.data() + 1, size);
-                    QVERIFY(count <= size && size - count < 64 && state == states.at(count));
+                    VERIFY_ALL(count <= size, size - count < 64, state == states.at(count));
                     QVERIFY(bytes.mid(1, 4 * count) == expected.left(4 * count));
                 }
             }
@@ -89,7 +90,7 @@ private Q_SLOTS:
                 const qsizetype start = 1 + size * 7 % 64;
                 SRandom::fillData(bytes.data() + start, size, seed);
                 QVERIFY(bytes.mid(start, size) == expected.left(size));
-                QVERIFY(bytes.at(start - 1) == 'x' && bytes.at(start + size) == 'x');
+                VERIFY_ALL(bytes.at(start - 1) == 'x', bytes.at(start + size) == 'x');
             }
         }
         const QList<int> copy(5);
@@ -110,15 +111,43 @@ private Q_SLOTS:
             const qsizetype size = bytes.size() - start - 3;
             SRandom::fillData(bytes.data() + start, size, 77);
             SRandom random(77);
-            bool right = true;
-            int value = 0;
-            for (qsizetype i = 0; i < size; ++i) {
-                if (i % 4 == 0)
-                    value = random.next();
-                right = right && bytes.at(start + i) == char(value >> 8 * (i % 4));
-            }
-            QVERIFY(right && bytes.endsWith("xxx"));
+            QByteArray expected(size + 4, 'x');
+            for (qsizetype i = 0; i < size; i += 4)
+                qToLittleEndian(random.next(), expected.data() + i);
+            expected.resize(size);
+            QVERIFY2(bytes.mid(start, size) == expected, QByteArray::number(start));
+            QVERIFY(bytes.endsWith("xxx"));
         }
+    }
+
+    void bounded()
+    {
+        // As a generator of the standard library it is the one that it says; neither gives 0.
+        SRandom random(Modulus);
+        std::minstd_rand0 standard(123459876);
+        for (int i = 0; i < 1000; ++i)
+            QCOMPARE(random(), uint(standard()));
+        std::uniform_int_distribution<int> dice(1, 6);
+        QCOMPARE(dice(random), dice(standard));
+
+        for (const auto &[lowest, highest] : {std::pair(0, 1), {-3, 4}, {0, Max<int>},
+                 {Min<int>, Max<int>}, {-1, Max<int>}, {Max<int> - 1, Max<int>}}) {
+            const double width = double(highest) - lowest;
+            double sum = 0;
+            for (int i = 0; i < 20000; ++i) {
+                const int number = random.bounded(lowest, highest);
+                QVERIFY(number >= lowest);
+                QVERIFY(number < highest);
+                sum += (number - double(lowest)) / width;
+            }
+            QVERIFY(std::abs(sum / 20000 - (width - 1) / width / 2) < 0.01);
+        }
+        const SRandom before = random;
+        QCOMPARE(random.bounded(5, 5), 5);
+        QCOMPARE(random.bounded(-5), 0);
+        QCOMPARE(random.bounded(-0.5), 0.0);
+        QVERIFY(random == before);
+        QVERIFY(random.bounded(0.5) < 0.5);
     }
 
     void rangesAndSeeds()

@@ -18,7 +18,7 @@ namespace {
 
 std::optional<QStandardPaths::StandardLocation> standardLocation(SpecialFolder folder)
 {
-    // No larger number may become that type. Up to here it may be a location of a newer Qt.
+    // The largest number that Qt's enumeration can hold; a newer Qt may have given it a meaning.
     constexpr int Last = 31;
     const int value = static_cast<int>(folder);
     if (value < 0 || value > Last)

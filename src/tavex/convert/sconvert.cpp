@@ -1,8 +1,8 @@
 #include <tavex/convert/sconvert.h>
 
 #include <tavex/convert/svariantconvert.h>
-#include <tavex/core/lasting_p.h>
 #include <tavex/core/metatype_p.h>
+#include <tavex/core/startup_p.h>
 #include <tavex/enums/enumlist_p.h>
 #include <tavex/enums/enumtranslationoptions.h>
 

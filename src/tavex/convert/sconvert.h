@@ -166,9 +166,9 @@ public:
     [[nodiscard]] static constexpr SVersion toVersion(T value) noexcept
     {
         if constexpr (std::floating_point<T>)
-            return {saturated<int>(value)};
+            return SVersion(saturated<int>(value));
         else
-            return {static_cast<int>(value)};
+            return SVersion(static_cast<int>(value));
     }
 
     /// A variant that holds \a version.

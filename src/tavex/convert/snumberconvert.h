@@ -1,7 +1,7 @@
 #pragma once
 
 #include <tavex/core/export.h>
-#include <tavex/core/snumber.h>
+#include <tavex/core/numbers.h>
 
 #include <QLocale>
 #include <QString>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <tavex/core/snumber.h>
+#include <tavex/core/numbers.h>
 #include <tavex/enums/binaryunit.h>
 #include <tavex/enums/scslengthunit.h>
 #include <tavex/enums/silengthunit.h>
@@ -103,7 +103,7 @@ public:
     {
         T best = value;
         BinaryUnit bestUnit = unit;
-        for (const SEnumKey<BinaryUnit> &row : BinaryUnit_T::rows) {
+        for (const SEnumKey<BinaryUnit> &row : BinaryUnit_T::rows()) {
             const T candidate = convert(value, unit, row.value);
             if (candidate > T(1) && candidate < best) {
                 best = candidate;

@@ -64,11 +64,21 @@ private:
     bool m_released = false;
 };
 
-/// A list of owning pointers, in the order in which they were added. Each object is in it once.
+/// A list of owning pointers, in the order in which they were added. Each object is in it once. The
+/// list is moved, not copied: two cannot own one object.
 template <typename T>
 class SPointerList
 {
 public:
+    /// An empty list.
+    SPointerList() = default;
+    /// Takes over all objects of \a other, which is empty then.
+    SPointerList(SPointerList &&other) noexcept = default;
+    /// The same, after the own objects are deleted.
+    SPointerList &operator=(SPointerList &&other) noexcept = default;
+    Q_DISABLE_COPY(SPointerList)
+    ~SPointerList() = default;
+
     /// Takes \a object over. If it is in the list already, it keeps its place and is owned once; if
     /// it had been released, it is owned again.
     void add(T *object)

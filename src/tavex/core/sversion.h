@@ -1,14 +1,27 @@
 #pragma once
 
 #include <tavex/core/export.h>
-#include <tavex/core/snumber.h>
+#include <tavex/core/numbers.h>
 
+#include <QHashFunctions>
 #include <QMetaType>
 
 #include <compare>
 #include <concepts>
 
+class QDataStream;
+class QDebug;
+class QVersionNumber;
+
 namespace Quorvex {
+
+/// What an SVersion is compared with: a number, or what the language takes for one.
+template <typename T>
+concept SComparesAsNumber = SPromotesToInteger<T> || SNumber<T>;
+
+/// What would become a number that nobody means as a packed version.
+template <typename T>
+concept SNoPackedVersion = std::is_arithmetic_v<T> && !SInteger<T>;
 
 /// A version major.minor.patch, packed into one signed 32-bit integer: patch in bits 0 to 7, minor
 /// in bits 8 to 15, major in bits 16 to 23.
@@ -17,7 +30,10 @@ namespace Quorvex {
 /// cross the borders of the components (1.2.255 and one more is 1.3.0) and integer order is version
 /// order. Components are meant to be 0 to 255; nothing masks them, so a larger one spills into the
 /// next. A negative integer is an invalid version, 0 is the null version. Overflow wraps around.
-/// The text form is that of SConvert::toString() and SConvert::toVersion().
+/// The text form is that of SConvert::toString() and SConvert::toVersion(). A QVariant, and with it
+/// QSettings, holds and saves it.
+///
+/// The class is its one integer and stays so: versions lie in arrays and streams as such.
 class SVersion
 {
 public:
@@ -28,22 +44,28 @@ public:
         : m_value(int((((uint(major) << 8) | uint(minor)) << 8) | uint(patch)))
     {
     }
-    /// Takes a packed integer as it is. A real is none.
+    /// Takes a packed integer as it is. A real, a `bool` and a character are none.
     /// @{
-    constexpr SVersion(int value) noexcept
+    constexpr explicit SVersion(int value) noexcept
         : m_value(value)
     {
     }
-    template <std::floating_point T>
+    template <SNoPackedVersion T>
     SVersion(T) = delete;
     constexpr SVersion &operator=(int value) noexcept
     {
         m_value = value;
         return *this;
     }
-    template <std::floating_point T>
+    template <SNoPackedVersion T>
     SVersion &operator=(T) = delete;
     /// @}
+
+    /// The first three segments of \a number; those that are missing are 0. invalidVersion() if one
+    /// of the three is not 0 to 255.
+    [[nodiscard]] TAVEX_EXPORT static SVersion fromVersionNumber(const QVersionNumber &number);
+    /// The three components; a null QVersionNumber if the version is not valid.
+    [[nodiscard]] TAVEX_EXPORT QVersionNumber toVersionNumber() const;
 
     /// The packed integer.
     /// @{
@@ -51,11 +73,15 @@ public:
     [[nodiscard]] constexpr int value() const noexcept { return m_value; }
     /// @}
 
-    /// The component, 0 to 255.
+    /// The component, 0 to 255. A header of the GNU system, `sys/sysmacros.h`, makes macros of
+    /// `major` and `minor`; the longer names are safe from it.
     /// @{
-    [[nodiscard]] constexpr int major() const noexcept { return (m_value >> 16) & 0xFF; }
-    [[nodiscard]] constexpr int minor() const noexcept { return (m_value >> 8) & 0xFF; }
-    [[nodiscard]] constexpr int patch() const noexcept { return m_value & 0xFF; }
+    [[nodiscard]] constexpr int majorVersion() const noexcept { return (m_value >> 16) & 0xFF; }
+    [[nodiscard]] constexpr int minorVersion() const noexcept { return (m_value >> 8) & 0xFF; }
+    [[nodiscard]] constexpr int patchVersion() const noexcept { return m_value & 0xFF; }
+    [[nodiscard]] constexpr int major() const noexcept { return majorVersion(); }
+    [[nodiscard]] constexpr int minor() const noexcept { return minorVersion(); }
+    [[nodiscard]] constexpr int patch() const noexcept { return patchVersion(); }
     /// @}
 
     /// Replaces everything from bit 16 up, the mark of an invalid version included.
@@ -102,12 +128,12 @@ public:
     /// @}
 
     /// Adds the packed integers.
-    friend constexpr SVersion operator+(SVersion a, SVersion b) noexcept
+    [[nodiscard]] friend constexpr SVersion operator+(SVersion a, SVersion b) noexcept
     {
         return a.plus(uint(b.m_value));
     }
     /// Subtracts the packed integers.
-    friend constexpr SVersion operator-(SVersion a, SVersion b) noexcept
+    [[nodiscard]] friend constexpr SVersion operator-(SVersion a, SVersion b) noexcept
     {
         return a.plus(0U - uint(b.m_value));
     }
@@ -117,22 +143,22 @@ public:
     /// Adds or subtracts a packed version.
     /// @{
     template <SPromotesToInteger N>
-    friend constexpr SVersion operator+(SVersion a, N b) noexcept
+    [[nodiscard]] friend constexpr SVersion operator+(SVersion a, N b) noexcept
     {
         return a.plus(uint(b));
     }
     template <SPromotesToInteger N>
-    friend constexpr SVersion operator+(N a, SVersion b) noexcept
+    [[nodiscard]] friend constexpr SVersion operator+(N a, SVersion b) noexcept
     {
         return b.plus(uint(a));
     }
     template <SPromotesToInteger N>
-    friend constexpr SVersion operator-(SVersion a, N b) noexcept
+    [[nodiscard]] friend constexpr SVersion operator-(SVersion a, N b) noexcept
     {
         return a.plus(0U - uint(b));
     }
     template <SPromotesToInteger N>
-    friend constexpr SVersion operator-(N a, SVersion b) noexcept
+    [[nodiscard]] friend constexpr SVersion operator-(N a, SVersion b) noexcept
     {
         return SVersion(int(uint(a) - uint(b.m_value)));
     }
@@ -142,18 +168,30 @@ public:
     /// @{
     friend constexpr bool operator==(const SVersion &, const SVersion &) noexcept = default;
     friend constexpr auto operator<=>(const SVersion &, const SVersion &) noexcept = default;
-    template <typename N>
-    requires SPromotesToInteger<N> || SNumber<N>
+    template <SComparesAsNumber N>
     friend constexpr bool operator==(const SVersion &version, N n) noexcept
     {
         return compareNumbers(version.m_value, +n) == 0;
     }
-    template <typename N>
-    requires SPromotesToInteger<N> || SNumber<N>
+    template <SComparesAsNumber N>
     friend constexpr auto operator<=>(const SVersion &version, N n) noexcept
     {
         return compareNumbers(version.m_value, +n);
     }
+    /// @}
+
+    /// The hash of the packed integer.
+    friend constexpr size_t qHash(const SVersion &version, size_t seed = 0) noexcept
+    {
+        return ::qHash(version.m_value, seed);
+    }
+
+    /// Writes `SVersion(2.0.12)`, or the packed integer where the components are not all of it.
+    TAVEX_EXPORT friend QDebug operator<<(QDebug debug, const SVersion &version);
+    /// Writes and reads the packed integer as a qint32.
+    /// @{
+    TAVEX_EXPORT friend QDataStream &operator<<(QDataStream &stream, const SVersion &version);
+    TAVEX_EXPORT friend QDataStream &operator>>(QDataStream &stream, SVersion &version);
     /// @}
 
     /// Whether it is 0.0.0.
@@ -164,12 +202,12 @@ public:
     /// The version of the library that the program runs with.
     [[nodiscard]] TAVEX_EXPORT static SVersion currentVersion() noexcept;
     /// The version with the packed integer -1.
-    [[nodiscard]] static constexpr SVersion invalidVersion() noexcept { return {-1}; }
+    [[nodiscard]] static constexpr SVersion invalidVersion() noexcept { return SVersion(-1); }
 
 private:
     [[nodiscard]] constexpr SVersion plus(uint n) const noexcept
     {
-        return {int(uint(m_value) + n)};
+        return SVersion(int(uint(m_value) + n));
     }
 
     int m_value = 0;
@@ -178,3 +216,4 @@ private:
 } // namespace Quorvex
 
 Q_DECLARE_TYPEINFO(Quorvex::SVersion, Q_PRIMITIVE_TYPE);
+QT_SPECIALIZE_STD_HASH_TO_CALL_QHASH_BY_VALUE(Quorvex::SVersion)

@@ -1,7 +1,7 @@
 #include <tavex/files/sfilehelper.h>
 
 #include <tavex/core/device_p.h>
-#include <tavex/core/lasting_p.h>
+#include <tavex/core/startup_p.h>
 #include <tavex/system/platform_p.h>
 
 #include <QCoreApplication>

@@ -25,6 +25,23 @@ public:
     [[nodiscard]] virtual QString toString(const QString &format) final;
     [[nodiscard]] virtual QString toString() final;
     /// @}
+
+    /// The same for a constant object, which what implements the first function must not change.
+    /// @{
+    [[nodiscard]] QString toString(const QString &format, const QLocale &locale) const
+    {
+        return const_cast<IFormattable *>(this)->toString(format, locale);
+    }
+    [[nodiscard]] QString toString(const QLocale &locale) const
+    {
+        return toString(QString(), locale);
+    }
+    [[nodiscard]] QString toString(const QString &format) const
+    {
+        return toString(format, QLocale());
+    }
+    [[nodiscard]] QString toString() const { return toString(QString(), QLocale()); }
+    /// @}
     virtual ~IFormattable();
 
 protected:

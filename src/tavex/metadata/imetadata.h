@@ -33,6 +33,17 @@ public:
     /// name() in words, as SClassName::displayName() makes them.
     [[nodiscard]] virtual QString displayName();
 
+    /// The same for a constant object, which what implements the functions above must not change. A
+    /// class that does so brings these back with `using IMetadata::flags`.
+    /// @{
+    [[nodiscard]] MetadataFlags flags() const { return const_cast<IMetadata *>(this)->flags(); }
+    [[nodiscard]] QString name() const { return const_cast<IMetadata *>(this)->name(); }
+    [[nodiscard]] QString displayName() const
+    {
+        return const_cast<IMetadata *>(this)->displayName();
+    }
+    /// @}
+
 protected:
     IMetadata() = default;
     IMetadata(const IMetadata &) = default;

@@ -13,21 +13,6 @@
 
 namespace Quorvex {
 
-/// dynamic_cast to the class of \a like, quick where \a part is the same part of an object of the
-/// same run-time class as \a like.
-template <typename Target, typename Part>
-const Target *castLike(const Target *like, const Part *part)
-{
-    const auto offset = [](const Part *p) {
-        return reinterpret_cast<const char *>(p)
-            - static_cast<const char *>(dynamic_cast<const void *>(p));
-    };
-    const Part *const own = like;
-    if (typeid(*own) == typeid(*part) && offset(own) == offset(part))
-        return static_cast<const Target *>(part);
-    return dynamic_cast<const Target *>(part);
-}
-
 /// What \a variant holds, which is a T of the given \a type or as QMetaType converts it. QVariant's
 /// own way would make Qt register both types.
 template <typename T>
@@ -49,7 +34,7 @@ bool equalValues(const Value *value, const Interfaces::IEquatable *other)
     if (!value->isSameTypeAs(other))
         return false;
     // The name alone does not prove it: two modules may each have a class of one name.
-    const Value *const same = castLike(value, other);
+    const auto *const same = dynamic_cast<const Value *>(other);
     return same && *value == *same;
 }
 

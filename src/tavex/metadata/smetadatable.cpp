@@ -1,29 +1,117 @@
 #include <tavex/metadata/smetadatable.h>
 
-#include <tavex/metadata/metaclass_p.h>
+#include <tavex/core/lasting_p.h>
 
 #include <algorithm>
+#include <map>
+#include <mutex>
+#include <typeinfo>
 #include <utility>
+#include <vector>
 
 namespace Quorvex {
 
 using Interfaces::ICloneable;
+using Interfaces::IMetadata;
 
 namespace {
 
 /// Null if the clone is no metadata.
-std::unique_ptr<Interfaces::IMetadata> cloneOf(const Interfaces::IMetadata &value)
+std::unique_ptr<IMetadata> cloneOf(const IMetadata &value)
 {
-    std::unique_ptr<ICloneable> copy(value.clone());
-    const auto *const metadata = copy ? castLike(&value, copy.get()) : nullptr;
-    if (metadata)
-        static_cast<void>(copy.release());
-    return std::unique_ptr<Interfaces::IMetadata>(const_cast<Interfaces::IMetadata *>(metadata));
+    std::unique_ptr<ICloneable> clone(value.clone());
+    std::unique_ptr<IMetadata> copy(dynamic_cast<IMetadata *>(clone.get()));
+    if (copy)
+        static_cast<void>(clone.release());
+    return copy;
 }
 
 } // namespace
 
-SMetadatable::SMetadatable() = default;
+/// What the container holds.
+class SMetadatable::Private
+{
+public:
+    /// The value under \a id, or null.
+    [[nodiscard]] IMetadata *find(quint64 id) const
+    {
+        const auto entry = std::ranges::lower_bound(m_entries, id, {}, &Entry::id);
+        return isAt(entry, id) ? entry->value.get() : nullptr;
+    }
+
+    [[nodiscard]] QList<quint64> ids() const
+    {
+        QList<quint64> list(size());
+        std::ranges::transform(m_entries, list.begin(), &Entry::id);
+        return list;
+    }
+    [[nodiscard]] QList<IMetadata *> values() const
+    {
+        QList<IMetadata *> list(size());
+        std::ranges::transform(
+            m_entries, list.begin(), [](const Entry &entry) { return entry.value.get(); });
+        return list;
+    }
+
+    [[nodiscard]] qsizetype size() const { return static_cast<qsizetype>(m_entries.size()); }
+
+    /// Keeps \a value, which equals the stored one.
+    void keepSpare(quint64 id, IMetadata *value) { m_spares.try_emplace({id, value}, value); }
+
+    /// Puts \a value, which is not the stored one, under \a id and deletes what it replaces, with
+    /// what equalled that.
+    void store(quint64 id, IMetadata *value)
+    {
+        if (const auto own = m_spares.extract({id, value}))
+            static_cast<void>(own.mapped().release());
+        const auto entry = place(id);
+        if (!isAt(entry, id)) {
+            m_entries.insert(entry, Entry{id, std::unique_ptr<IMetadata>(value)});
+            return;
+        }
+        // A destructor may look at the container, which then has to be whole.
+        const auto old = std::exchange(entry->value, std::unique_ptr<IMetadata>(value));
+        Spares spares;
+        for (auto spare = m_spares.lower_bound({id, nullptr});
+             spare != m_spares.end() && spare->first.first == id;)
+            spares.insert(m_spares.extract(spare++));
+    }
+
+    void remove(quint64 id)
+    {
+        const auto entry = place(id);
+        if (!isAt(entry, id))
+            return;
+        const Entry removed = std::move(*entry);
+        m_entries.erase(entry);
+    }
+
+private:
+    struct Entry
+    {
+        quint64 id;
+        std::unique_ptr<IMetadata> value;
+    };
+    using Entries = std::vector<Entry>;
+    using Spares = std::map<std::pair<quint64, const IMetadata *>, std::unique_ptr<IMetadata>>;
+
+    /// The entry of \a id, or the place where it belongs.
+    [[nodiscard]] Entries::iterator place(quint64 id)
+    {
+        return std::ranges::lower_bound(m_entries, id, {}, &Entry::id);
+    }
+    [[nodiscard]] bool isAt(Entries::const_iterator place, quint64 id) const
+    {
+        return place != m_entries.end() && place->id == id;
+    }
+
+    /// Sorted by id. There are few classes, and of this few bytes.
+    Entries m_entries;
+    /// Handed over while they equalled the stored value, by its id and their addresses.
+    Spares m_spares;
+};
+
+SMetadatable::SMetadatable() noexcept = default;
 
 // While this is constructed, no derived class can narrow what is valid or hear of a change.
 SMetadatable::SMetadatable(const SMetadatable &other)
@@ -49,54 +137,66 @@ SMetadatable &SMetadatable::operator=(IMetadatable *other)
     return *this;
 }
 
+SMetadatable::SMetadatable(SMetadatable &&other) noexcept = default;
+
+SMetadatable &SMetadatable::operator=(SMetadatable &&other) noexcept
+{
+    if (this == &other)
+        return *this;
+    clearMetadata();
+    d = std::move(other.d);
+    for (const quint64 id : d ? d->ids() : QList<quint64>()) {
+        if (isMetadataValid(metadata(id)))
+            onMetadataChanged(id);
+        else
+            removeMetadata(id);
+    }
+    return *this;
+}
+
 void SMetadatable::copyAll(const IMetadatable *other)
 {
     if (this == other)
         return;
     clearMetadata();
-    const QList<IMetadata *> values = other ? other->metadataList() : QList<IMetadata *>();
-    m_entries.reserve(static_cast<std::size_t>(values.size()));
-    for (IMetadata *const value : values)
+    for (IMetadata *const value : other ? other->metadataList() : QList<IMetadata *>())
         setMetadata(value, false);
 }
 
-SMetadatable::~SMetadatable() = default;
+SMetadatable::~SMetadatable()
+{
+    SMetadatable::clearMetadata();
+}
 
 bool SMetadatable::operator==(const SMetadatable &other) const
 {
     if (this == &other)
         return true;
-    return metadataCount() == other.metadataCount()
-        && std::ranges::all_of(m_entries, [&other](const Entry &entry) {
-               return entry.value->equalsTo(other.metadata(entry.id));
-           });
+    const QList<quint64> ids = d ? d->ids() : QList<quint64>();
+    return metadataCount() == other.metadataCount() && std::ranges::all_of(ids, [&](quint64 id) {
+        return d->find(id)->equalsTo(other.metadata(id));
+    });
 }
 
 void SMetadatable::clearMetadata()
 {
     // A destructor may look at the container, which then has to be whole.
-    const Entries entries = std::exchange(m_entries, {});
-    const Spares spares = std::exchange(m_spares, {});
+    const std::unique_ptr<Private> old = std::move(d);
 }
 
 qsizetype SMetadatable::metadataCount() const
 {
-    return static_cast<qsizetype>(m_entries.size());
+    return d ? d->size() : 0;
 }
 
-QList<Interfaces::IMetadata *> SMetadatable::metadataList() const
+QList<IMetadata *> SMetadatable::metadataList() const
 {
-    QList<IMetadata *> list;
-    list.reserve(metadataCount());
-    for (const Entry &entry : m_entries)
-        list.append(entry.value.get());
-    return list;
+    return d ? d->values() : QList<IMetadata *>();
 }
 
-Interfaces::IMetadata *SMetadatable::metadata(const quint64 &id) const
+IMetadata *SMetadatable::metadata(const quint64 &id) const
 {
-    const auto entry = place(id);
-    return isAt(entry, id) ? entry->value.get() : nullptr;
+    return d ? d->find(id) : nullptr;
 }
 
 void SMetadatable::copyMetadata(const QList<IMetadata *> &list, MetadataFlags mask)
@@ -112,11 +212,10 @@ bool SMetadatable::setMetadata(IMetadata *value, bool takeOwnership)
     if (!value || !isMetadataValid(value))
         return false;
     const quint64 id = value->id();
-    const auto entry = place(id);
-    const IMetadata *const old = isAt(entry, id) ? entry->value.get() : nullptr;
+    const IMetadata *const old = d ? d->find(id) : nullptr;
     if (old && value->equalsTo(old)) {
         if (takeOwnership && value != old)
-            m_spares.try_emplace({id, value}, value);
+            d->keepSpare(id, value);
         return true;
     }
     // A stored value that does not even equal itself, such as NaN, stays as well.
@@ -126,7 +225,9 @@ bool SMetadatable::setMetadata(IMetadata *value, bool takeOwnership)
             if (!value)
                 return false;
         }
-        store(entry, id, value);
+        if (!d)
+            d = std::make_unique<Private>();
+        d->store(id, value);
     }
     onMetadataChanged(id);
     return true;
@@ -134,16 +235,13 @@ bool SMetadatable::setMetadata(IMetadata *value, bool takeOwnership)
 
 void SMetadatable::removeMetadata(const quint64 &id)
 {
-    const auto entry = place(id);
-    if (!isAt(entry, id))
-        return;
-    const Entry removed = std::move(*entry);
-    m_entries.erase(entry);
+    if (d)
+        d->remove(id);
 }
 
 bool SMetadatable::hasMetadata(const quint64 &id) const
 {
-    return isAt(place(id), id);
+    return d && d->find(id);
 }
 
 void SMetadatable::onMetadataChanged(const quint64 &) { }
@@ -153,41 +251,20 @@ bool SMetadatable::isMetadataValid(const IMetadata *) const
     return true;
 }
 
-/// The entry of \a id, or the place where it belongs.
-SMetadatable::Entries::const_iterator SMetadatable::place(quint64 id) const
+bool SMetadatable::isOnlyClass(const IMetadata &value)
 {
-    return std::ranges::lower_bound(m_entries, id, {}, &Entry::id);
-}
+    struct Classes
+    {
+        std::mutex mutex;
+        std::map<quint64, QByteArray> names;
+    };
+    static constinit Lasting<Classes> known;
 
-SMetadatable::Entries::iterator SMetadatable::place(quint64 id)
-{
-    return m_entries.begin() + (std::as_const(*this).place(id) - m_entries.cbegin());
-}
-
-bool SMetadatable::isAt(Entries::const_iterator place, quint64 id) const
-{
-    return place != m_entries.end() && place->id == id;
-}
-
-/// Puts \a value, which is not the stored one, under \a id at its place and deletes what it
-/// replaces, with what equalled that.
-void SMetadatable::store(Entries::iterator place, quint64 id, IMetadata *value)
-{
-    if (const auto own = m_spares.extract({id, value}))
-        static_cast<void>(own.mapped().release());
-    if (!isAt(place, id)) {
-        const auto index = place - m_entries.begin();
-        if (m_entries.capacity() == 0)
-            m_entries.reserve(8);
-        m_entries.insert(m_entries.begin() + index, Entry{id, std::unique_ptr<IMetadata>(value)});
-        return;
-    }
-    // A destructor may look at the container, which then has to be whole.
-    const auto old = std::exchange(place->value, std::unique_ptr<IMetadata>(value));
-    Spares spares;
-    for (auto spare = m_spares.lower_bound({id, nullptr});
-         spare != m_spares.end() && spare->first.first == id;)
-        spares.insert(m_spares.extract(spare++));
+    const quint64 id = value.id();
+    const QByteArray name = typeid(value).name();
+    Classes &classes = known.get();
+    const std::scoped_lock lock(classes.mutex);
+    return classes.names.try_emplace(id, name).first->second == name;
 }
 
 } // namespace Quorvex

@@ -2,19 +2,20 @@
 
 #include <tavex/metadata/imetadatable.h>
 
-#include <map>
+#include <concepts>
 #include <memory>
-#include <utility>
-#include <vector>
 
 namespace Quorvex {
 
-/// Carries metadata. Derive from it what shall be able to.
+/// Carries metadata: the base of classes whose objects are to have some.
 ///
 /// Each value that is stored or handed over belongs to the container, which deletes it exactly
 /// once. A value handed over while an equal one is stored is not stored; yet the pointer stays good
 /// until another value replaces the stored one, clearMetadata() or the destructor. A container is
 /// used from one thread at a time.
+///
+/// In a debug build of a program, handing over a value asserts that no object of another class has
+/// had its id; see SMetaKind.
 class TAVEX_EXPORT SMetadatable : public Interfaces::IMetadatable
 {
 public:
@@ -25,12 +26,14 @@ public:
     /// @}
 
     /// Without values.
-    SMetadatable();
+    SMetadatable() noexcept;
     /// Clones all values of the metadataList() of \a other, whatever their flags. Null has none.
     /// @{
     SMetadatable(const SMetadatable &other);
     explicit SMetadatable(IMetadatable *other);
     /// @}
+    /// Takes over the values of \a other, which has none then.
+    SMetadatable(SMetadatable &&other) noexcept;
 
     /// Replaces all values by clones of those of the metadataList() of \a other, whatever their
     /// flags. Null has none.
@@ -38,6 +41,9 @@ public:
     SMetadatable &operator=(const SMetadatable &other);
     SMetadatable &operator=(IMetadatable *other);
     /// @}
+    /// Replaces all values by those of \a other, which has none then. Values that isMetadataValid()
+    /// rejects are deleted.
+    SMetadatable &operator=(SMetadatable &&other) noexcept;
     ~SMetadatable() override;
 
     /// Whether both hold the same number of values and each value here equals its counterpart.
@@ -47,10 +53,32 @@ public:
     [[nodiscard]] qsizetype metadataCount() const override;
     [[nodiscard]] QList<IMetadata *> metadataList() const override;
     [[nodiscard]] IMetadata *metadata(const quint64 &id) const override;
+    /// The value of the class \a T, such as `metadata<SMetaInt32>()`, or null. It stays with the
+    /// object.
+    template <std::derived_from<IMetadata> T>
+    [[nodiscard]] T *metadata() const
+    {
+        return dynamic_cast<T *>(metadata(T::uniqueId()));
+    }
     void copyMetadata(const QList<IMetadata *> &list, MetadataFlags mask) override;
     /// As IMetadatable says. If the value that is stored equals \a value, it stays, and the result
     /// is true without a call of onMetadataChanged(). The stored value may be set again.
+    /// @{
     bool setMetadata(IMetadata *value, bool takeOwnership) override;
+    template <std::derived_from<IMetadata> T>
+    bool setMetadata(T *value, bool takeOwnership)
+    {
+        return setMetadata(checked(value), takeOwnership);
+    }
+    /// @}
+    /// Stores \a value itself, in the same way. If the result is false, \a value is deleted.
+    bool setMetadata(std::unique_ptr<IMetadata> value)
+    {
+        const bool isStored = setMetadata(checked(value.get()), true);
+        if (isStored)
+            static_cast<void>(value.release());
+        return isStored;
+    }
     void removeMetadata(const quint64 &id) override;
     [[nodiscard]] bool hasMetadata(const quint64 &id) const override;
 
@@ -59,25 +87,21 @@ protected:
     [[nodiscard]] bool isMetadataValid(const IMetadata *value) const override;
 
 private:
-    struct Entry
+    class Private;
+
+    /// \a value, which in a debug build has to be of the only class with its id.
+    static IMetadata *checked(IMetadata *value)
     {
-        quint64 id;
-        std::unique_ptr<IMetadata> value;
-    };
+        Q_ASSERT_X(!value || isOnlyClass(*value), "SMetadatable", "two classes have the same id()");
+        return value;
+    }
+    /// Whether all values with the id of \a value for which this was called were of its class.
+    static bool isOnlyClass(const IMetadata &value);
 
-    using Entries = std::vector<Entry>;
-    using Spares = std::map<std::pair<quint64, const IMetadata *>, std::unique_ptr<IMetadata>>;
-
-    [[nodiscard]] Entries::const_iterator place(quint64 id) const;
-    [[nodiscard]] Entries::iterator place(quint64 id);
-    [[nodiscard]] bool isAt(Entries::const_iterator place, quint64 id) const;
     void copyAll(const IMetadatable *other);
-    void store(Entries::iterator place, quint64 id, IMetadata *value);
 
-    /// Sorted by id. There are few classes, and of this few bytes.
-    Entries m_entries;
-    /// Handed over while they equalled the stored value, by its id and their addresses.
-    Spares m_spares;
+    /// Null while there is no value.
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Quorvex

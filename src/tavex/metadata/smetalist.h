@@ -1,5 +1,6 @@
 #pragma once
 
+#include <tavex/metadata/metaclass.h>
 #include <tavex/metadata/smetavariant.h>
 
 #include <QList>
@@ -23,18 +24,6 @@ namespace Quorvex {
         /** @} */                                                                                  \
         /** Holds the one element \a value. */                                                     \
         Name(const T &value);                                                                      \
-        template <typename P>                                                                      \
-        Name(P *) = delete;                                                                        \
-        Name(const Name &) = default;                                                              \
-        Name &operator=(const Name &) = default;                                                   \
-        ~Name() override;                                                                          \
-                                                                                                   \
-        /** What the variant holds, converted by QMetaType if an assignment through SMetaVariant   \
-            left something else there. */                                                          \
-        /** @{ */                                                                                  \
-        [[nodiscard]] QList<T> value() const;                                                      \
-        operator QList<T>() const { return value(); }                                              \
-        /** @} */                                                                                  \
         /** The number of elements. */                                                             \
         [[nodiscard]] qsizetype size() const;                                                      \
                                                                                                    \
@@ -43,16 +32,12 @@ namespace Quorvex {
         /** The list as SConvert::toString() writes it. */                                         \
         [[nodiscard]] QString toString(const QString &format, const QLocale &locale) override;     \
         using IFormattable::toString;                                                              \
-        [[nodiscard]] Name *clone() const override;                                                \
-        [[nodiscard]] QString name() override;                                                     \
-        [[nodiscard]] quint64 id() const override;                                                 \
-        /** The id() of every object of the class. */                                              \
-        [[nodiscard]] static quint64 uniqueId();                                                   \
+        TAVEX_META_CONCRETE(Name, QList<T>);                                                       \
     }
 
 /// \file
 /// Metadata values of a list of numbers or truth values, or of a single one. Their text is that of
-/// the elements, each written by SConvert::toString() in the given format
+/// the elements, each written by SConvert::toString() in the given format.
 
 /// A list of signed 8-bit integers as metadata.
 TAVEX_META_LIST(SMetaListInt8, qint8);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <tavex/convert/snumberconvert.h>
+#include <tavex/metadata/metaclass.h>
 #include <tavex/metadata/smetavariant.h>
 
 namespace Quorvex {
@@ -20,24 +21,8 @@ namespace Quorvex {
             : Name(static_cast<const T &>(convertedNumber<T>(value)))                              \
         {                                                                                          \
         }                                                                                          \
-        template <typename P>                                                                      \
-        Name(P *) = delete;                                                                        \
-        Name(const Name &) = default;                                                              \
-        Name &operator=(const Name &) = default;                                                   \
-        ~Name() override;                                                                          \
                                                                                                    \
-        /** What the variant holds, converted by QMetaType if an assignment through SMetaVariant   \
-            left something else there. */                                                          \
-        /** @{ */                                                                                  \
-        [[nodiscard]] T value() const;                                                             \
-        operator T() const { return value(); }                                                     \
-        /** @} */                                                                                  \
-                                                                                                   \
-        [[nodiscard]] Name *clone() const override;                                                \
-        [[nodiscard]] QString name() override;                                                     \
-        [[nodiscard]] quint64 id() const override;                                                 \
-        /** The id() of every object of the class. */                                              \
-        [[nodiscard]] static quint64 uniqueId();                                                   \
+        TAVEX_META_CONCRETE(Name, T);                                                              \
     }
 
 /// \file

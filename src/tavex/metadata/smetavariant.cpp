@@ -14,7 +14,7 @@ bool SMetaVariant::operator==(const SMetaVariant &other) const
     const QMetaType otherType = other.m_value.metaType();
     if (MetaType::isSame(type, otherType))
         return !type.isValid() || type.equals(m_value.constData(), other.m_value.constData());
-    // Numbers of different types, for example. Others Qt would register.
+    // Qt compares different types, such as two of numbers, but registers the types that it meets.
     return MetaType::registered(type).isValid() && MetaType::registered(otherType).isValid()
         && m_value == other.m_value;
 }

@@ -9,7 +9,8 @@
 namespace Quorvex {
 
 /// A metadata value that lives in a QVariant: the base of the library's scalar and list values and
-/// of such classes of an application, each of which supplies clone() and id().
+/// of such classes of an application, each of which supplies clone() and id(), as
+/// SMetaKind does. It is one variant and stays so.
 class TAVEX_EXPORT SMetaVariant : public Interfaces::IMetadata
 {
 public:
@@ -35,6 +36,7 @@ public:
     /// Whether the value is null or the variant is invalid.
     [[nodiscard]] bool isEmpty() const override;
     [[nodiscard]] MetadataFlags flags() override;
+    using IMetadata::flags;
     /// The variant as SConvert::toString() writes it.
     [[nodiscard]] QString toString(const QString &format, const QLocale &locale) override;
     using IFormattable::toString;

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <tavex/core/export.h>
-#include <tavex/core/snumber.h>
+#include <tavex/core/numbers.h>
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QHashFunctions>
 #include <QString>
 #include <QtEndian>
 
@@ -12,9 +13,15 @@
 #include <concepts>
 #include <utility>
 
+class QDataStream;
+class QDebug;
 class QIODevice;
 
 namespace Quorvex {
+
+/// What SCrc32 takes as a number: an SNumber or a `char`.
+template <typename T>
+concept SCharOrNumber = SNumber<T> || std::same_as<T, char>;
 
 /// A CRC-32 calculator for any generator polynomial, fed in pieces or, with hash(), in one call.
 ///
@@ -35,6 +42,9 @@ namespace Quorvex {
 /// `to`. A number is fed as the bytes of its type, the lowest first on every machine; a real as its
 /// IEEE 754 bits. Text is fed as UTF-8. A bare pointer without a length is refused, and so is a
 /// number in place of data, as 0 would be a null pointer.
+///
+/// The layout stays as it is: the tables, the polynomial and the register, without a pointer, so
+/// that a copy is one of memory and a short piece of data takes no call.
 class TAVEX_EXPORT SCrc32
 {
 public:
@@ -83,18 +93,16 @@ public:
         return update(m_value, data, length);
     }
     uint update(const QString &text) { return update(text.toUtf8()); }
-    template <typename T>
-    requires SNumber<T> || std::same_as<T, char> uint update(const T &number)
-    noexcept
+    template <SCharOrNumber T>
+    uint update(const T &number) noexcept
     {
         std::array<char, sizeof(T)> bytes;
         qToLittleEndian(number, bytes.data());
         return update(bytes.data(), sizeof(T));
     }
     uint update(const char *) = delete;
-    template <std::convertible_to<quint64>... N>
-    requires(sizeof...(N) > 1) uint update(N...)
-    = delete;
+    template <std::convertible_to<quint64> A, std::convertible_to<quint64>... More>
+    uint update(A, std::convertible_to<quint64> auto, More...) = delete;
     /// @}
 
     /// Starts afresh, stores the new register and returns it.
@@ -120,17 +128,15 @@ public:
         clear();
         return update(text);
     }
-    template <typename T>
-    requires SNumber<T> || std::same_as<T, char> uint calculate(const T &number)
-    noexcept
+    template <SCharOrNumber T>
+    uint calculate(const T &number) noexcept
     {
         clear();
         return update(number);
     }
     uint calculate(const char *) = delete;
-    template <std::convertible_to<quint64>... N>
-    requires(sizeof...(N) > 1) uint calculate(N...)
-    = delete;
+    template <std::convertible_to<quint64> A, std::convertible_to<quint64>... More>
+    uint calculate(A, std::convertible_to<quint64> auto, More...) = delete;
     /// @}
 
     /// The result for the data alone.
@@ -171,9 +177,25 @@ public:
             return std::cmp_equal(crc.m_value, n);
     }
 
+    /// The hash of value and polynomial.
+    friend size_t qHash(const SCrc32 &crc, size_t seed = 0) noexcept
+    {
+        return qHashMulti(seed, crc.m_value, crc.m_polynomial);
+    }
+
+    /// Writes value and polynomial: `SCrc32(0x376e6e7, polynomial 0x4c11db7)`.
+    TAVEX_EXPORT friend QDebug operator<<(QDebug debug, const SCrc32 &crc);
+    /// Writes and reads polynomial and value, so that what reads can go on from there. Where
+    /// reading fails, \a crc stays as it is.
+    /// @{
+    TAVEX_EXPORT friend QDataStream &operator<<(QDataStream &stream, const SCrc32 &crc);
+    TAVEX_EXPORT friend QDataStream &operator>>(QDataStream &stream, SCrc32 &crc);
+    /// @}
+
 private:
     using Tables = std::array<std::array<uint, 256>, 8>;
-    friend class SCrc32Work;
+    class Engine;
+    class OneShot;
 
     /// From so many bytes on the processor's multiplication may be the quicker way.
     static constexpr quint64 ShortestFold = 16;
@@ -211,3 +233,5 @@ private:
 };
 
 } // namespace Quorvex
+
+QT_SPECIALIZE_STD_HASH_TO_CALL_QHASH_BY_CREF(Quorvex::SCrc32)

@@ -60,6 +60,24 @@ uint SRandom::defaultSeed(const char *data, quint64 length) noexcept
     return hash;
 }
 
+int SRandom::bounded(int lowest, int highest) noexcept
+{
+    if (highest <= lowest)
+        return lowest;
+    const uint range = static_cast<uint>(highest) - static_cast<uint>(lowest);
+    constexpr quint64 Count = max() - min() + 1;
+    // A range with more numbers than the generator takes two of them. What is beyond the last whole
+    // multiple of the range would make some results likelier.
+    const quint64 count = range <= Count ? Count : Count * Count;
+    quint64 number = 0;
+    do {
+        number = (*this)() - min();
+        if (count != Count)
+            number = number * Count + ((*this)() - min());
+    } while (number >= count - count % range);
+    return static_cast<int>(static_cast<uint>(lowest) + static_cast<uint>(number % range));
+}
+
 double SRandom::nextDouble(double min, double max) noexcept
 {
     return min == max ? min : std::fmod(nextDouble(), max - min) + min;
@@ -75,7 +93,7 @@ void SRandom::fillWords(char *out, qsizetype count) noexcept
         out += sizeof bytes;
         --count;
     };
-    // Lanes could not leave a state that the modulus divides.
+    // Lanes only multiply, so a state that the modulus divides would stay 0 for ever.
     while (count > 0 && m_state % Modulus == 0)
         serially();
     if (!fills.empty()) {

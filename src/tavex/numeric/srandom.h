@@ -15,9 +15,22 @@ namespace Quorvex {
 /// Good Ones Are Hard to Find", 1988), the same as `std::minstd_rand0`, which multiplies by 16807
 /// modulo 2^31 - 1. Not for cryptography. An object is used by one thread at a time; the static
 /// members may be called from any thread.
+///
+/// It is a uniform random bit generator: `std::shuffle` and the standard library's distributions
+/// take it. Their results differ between standard libraries; those of the members here do not.
+///
+/// The class is its one word of state and stays so: a step is a few instructions in place.
 class TAVEX_EXPORT SRandom
 {
 public:
+    /// What the call operator returns.
+    using result_type = uint;
+
+    /// What the generator multiplies the state by, modulo Modulus.
+    static constexpr quint64 Multiplier = 16807;
+    /// Every number is less than 2^31 - 1.
+    static constexpr uint Modulus = 0x7FFFFFFF;
+
     /// Starts at \a seed as it is. Where the state is 0, which the generator could not leave, it
     /// goes on as from 123459876.
     explicit SRandom(uint seed) noexcept
@@ -53,6 +66,25 @@ public:
         return static_cast<int>(m_state);
     }
 
+    /// The next number that is not 0, from min() to max().
+    /// @{
+    result_type operator()() noexcept
+    {
+        const int number = next();
+        return static_cast<uint>(number != 0 ? number : next());
+    }
+    [[nodiscard]] static constexpr result_type min() noexcept { return 1; }
+    [[nodiscard]] static constexpr result_type max() noexcept { return Modulus - 1; }
+    /// @}
+
+    /// A number from \a lowest, or 0, to below \a highest, each as likely as the others. If there
+    /// is none between them, it is \a lowest, and the state stays.
+    /// @{
+    int bounded(int highest) noexcept { return bounded(0, highest); }
+    int bounded(int lowest, int highest) noexcept;
+    double bounded(double highest) noexcept { return highest > 0 ? nextDouble() * highest : 0; }
+    /// @}
+
     /// next() divided by 2^31 - 1: at least 0 and below 1.
     double nextDouble() noexcept { return next() / double(Modulus); }
 
@@ -84,8 +116,6 @@ public:
     friend bool operator==(const SRandom &, const SRandom &) noexcept = default;
 
 private:
-    static constexpr uint Modulus = 0x7FFFFFFF;
-    static constexpr quint64 Multiplier = 16807;
     static constexpr uint InPlaceOfZero = 123459876;
 
     /// Writes \a count numbers, 32 bits each with the lowest first.

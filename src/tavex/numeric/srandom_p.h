@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <tavex/numeric/srandom.h>
 
 #include <span>
 
@@ -10,15 +10,12 @@
 
 namespace Quorvex::RandomLanes {
 
-constexpr quint32 Modulus = 0x7FFFFFFF;
-constexpr quint32 Multiplier = 16807;
-
 /// The \a exponent-th power of the multiplier.
 constexpr quint32 multiplierPower(int exponent) noexcept
 {
     quint64 power = 1;
     for (; exponent > 0; --exponent)
-        power = power * Multiplier % Modulus;
+        power = power * SRandom::Multiplier % SRandom::Modulus;
     return static_cast<quint32>(power);
 }
 

@@ -17,7 +17,7 @@ std::array<quint32, Count> firstLanes(quint32 state) noexcept
 {
     std::array<quint32, Count> lanes;
     for (quint32 &lane : lanes) {
-        state = static_cast<quint32>(Multiplier * quint64(state) % Modulus);
+        state = static_cast<quint32>(SRandom::Multiplier * state % SRandom::Modulus);
         lane = state;
     }
     return lanes;
@@ -53,7 +53,7 @@ struct Lanes128
     static void multiply(Vector &product, const Vector &v, int factor) noexcept
     {
         const Vector factors = _mm_set1_epi32(factor);
-        const Vector modulus = _mm_set1_epi32(Modulus);
+        const Vector modulus = _mm_set1_epi32(SRandom::Modulus);
         const auto even = _mm_castsi128_ps(_mm_mul_epu32(v, factors));
         const auto odd = _mm_castsi128_ps(_mm_mul_epu32(_mm_srli_epi64(v, 32), factors));
         const Vector high = _mm_castps_si128(_mm_shuffle_ps(even, odd, _MM_SHUFFLE(3, 1, 3, 1)));
@@ -87,7 +87,7 @@ struct Lanes256
     TAVEX_TARGET_256 static void multiply(Vector &product, const Vector &v, int factor) noexcept
     {
         const Vector factors = _mm256_set1_epi32(factor);
-        const Vector modulus = _mm256_set1_epi32(Modulus);
+        const Vector modulus = _mm256_set1_epi32(SRandom::Modulus);
         const auto even = _mm256_castsi256_ps(_mm256_mul_epu32(v, factors));
         const auto odd = _mm256_castsi256_ps(_mm256_mul_epu32(_mm256_srli_epi64(v, 32), factors));
         const Vector high =

@@ -5,6 +5,8 @@
 
 #include <QSysInfo>
 
+#include <algorithm>
+
 namespace Quorvex {
 namespace {
 
@@ -21,11 +23,10 @@ constexpr quint32 plainValue(OperatingSystem os)
 /// The first key of the value, or nothing: of aliases, the first is the current name.
 QString keyOf(quint32 value)
 {
-    for (const SEnumKey<OperatingSystem> &row : OperatingSystem_T::rows) {
-        if (row.value == static_cast<OperatingSystem>(value))
-            return QString::fromUtf16(row.key);
-    }
-    return {};
+    const auto rows = OperatingSystem_T::rows();
+    const auto row = std::ranges::find(
+        rows, static_cast<OperatingSystem>(value), &SEnumKey<OperatingSystem>::value);
+    return row == rows.end() ? QString() : QString::fromUtf16(row->key);
 }
 
 struct Day
