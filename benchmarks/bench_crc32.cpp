@@ -131,7 +131,7 @@ void crc32(const Bench::Topic &topic)
 
     if (Crc32::folds().empty())
         return;
-    // As on a processor that has no more.
+    // The narrowest vectors, as on a processor that has no wider ones.
     static constexpr auto constants =
         Crc32::foldConstants<Crc32::SlowMultiply>(SCrc32::DefaultPolynomial);
     const auto narrow = [fold = Crc32::folds().back()](Bytes data) {

@@ -49,7 +49,7 @@ struct Unit
 void keyTexts(const Bench::Topic &topic)
 {
     std::vector<SpecialFolder> folders;
-    for (const SEnumKey<SpecialFolder> &row : SpecialFolder_T::rows) {
+    for (const SEnumKey<SpecialFolder> &row : SpecialFolder_T::rows()) {
         // Of the value with two keys, Qt gives the first and the library the last.
         if (row.value != SpecialFolder::DataLocation)
             folders.push_back(row.value);
@@ -63,7 +63,7 @@ void keyTexts(const Bench::Topic &topic)
                     }});
 
     std::vector<BinaryUnit> units;
-    for (const SEnumKey<BinaryUnit> &row : BinaryUnit_T::rows)
+    for (const SEnumKey<BinaryUnit> &row : BinaryUnit_T::rows())
         units.push_back(row.value);
     topic.compare(
         "key text, 9 keys", units,
@@ -75,7 +75,7 @@ void keyTexts(const Bench::Topic &topic)
 void converters(const Bench::Topic &topic)
 {
     std::vector<Unit> units;
-    for (const SEnumKey<BinaryUnit> &row : BinaryUnit_T::rows) {
+    for (const SEnumKey<BinaryUnit> &row : BinaryUnit_T::rows()) {
         units.push_back({QVariant::fromValue(row.value),
             QVariant::fromValue(static_cast<QtPeer::Enums::BinaryUnit>(row.value))});
     }
@@ -83,8 +83,7 @@ void converters(const Bench::Topic &topic)
         return qtKey(*static_cast<const QtPeer::Enums::BinaryUnit *>(unit.qt.constData()));
     };
 
-    // The table that one thread could have to itself: what is more than that pays for other
-    // threads.
+    // The same table without a lock: the difference is the price of being thread-safe.
     QHash<int, SVariantConvert::Converter> table;
     for (int id = QMetaType::User + 1; QMetaType::isRegistered(id); ++id) {
         if (const auto converter = SVariantConvert::sVariantToStringFunction(id))

@@ -61,7 +61,7 @@ void copy(const Bench::Topic &topic, const QString &folder, int mebibytes)
     if (!written)
         Bench::Topic::fail(from + QStringLiteral(": ") + file.errorString());
 
-    // Each takes away the copy of the one before, which is not part of its work.
+    // Removing the previous copy is not part of what is timed.
     const auto afresh = [&to](auto operation) {
         return [&to, operation = timed(operation)] {
             QFile::remove(to);

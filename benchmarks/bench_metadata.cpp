@@ -95,7 +95,7 @@ int numberOf(const Interfaces::IMetadata *value)
 void measure(const Bench::Topic &topic, std::size_t count)
 {
     const Names names;
-    // Two numbers in turn, so that every set of one that is there changes it.
+    // Two numbers in turn, so that setting always changes the value.
     const std::vector<int> numbers{1, 2};
     const auto name = [count](const char *what) {
         return QByteArray(what) + ' ' + QByteArray::number(int(count));

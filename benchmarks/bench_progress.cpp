@@ -39,7 +39,7 @@ void steps(const Bench::Topic &topic)
         QObject::connect(sender, SIGNAL(reportProgress(qint32)), &listener, SLOT(listen(int)),
             Qt::DirectConnection);
     }
-    // It takes higher values only, so that one goes on from where it was.
+    // QPromise ignores values that are not higher, so the count goes on.
     QPromise<void> promise;
     promise.start();
     promise.setProgressRange(0, std::numeric_limits<int>::max());

@@ -75,7 +75,7 @@ void random(const Bench::Topic &topic)
     bytes.resize(1 << 20);
     topic.compare("fillData() 1 MiB", seeds, fillData, peer);
     if (!RandomLanes::fills().empty()) {
-        // As on a processor that has no more.
+        // The narrowest vectors, as on a processor that has no wider ones.
         const auto narrow = [&, fill = RandomLanes::fills().back()](uint seed) {
             fill(seed, bytes.data(), bytes.size() / 4);
             return QByteArrayView(bytes);

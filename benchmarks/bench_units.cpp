@@ -52,7 +52,7 @@ void units(const Bench::Topic &topic)
     binary("binaryUnits(double)", double());
     binary("binaryUnits(int)", int());
 
-    // The bare formula has to do what keeps powers of ten exact: multiply downwards.
+    // To smaller units it multiplies, because negative powers of ten are not exact.
     const auto scale = [](double value, double distance) {
         return distance > 0 ? value / std::pow(10.0, distance) : value * std::pow(10.0, -distance);
     };

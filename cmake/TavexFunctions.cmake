@@ -56,30 +56,3 @@ function(tavex_umbrella_header)
     file(CONFIGURE OUTPUT ${umbrella} CONTENT "${content}" @ONLY)
     target_sources(tavex PUBLIC FILE_SET forwarding FILES ${umbrella})
 endfunction()
-
-# Adds a Qt resource block to a target of the same folder: uncompressed, format version 3. ENTRIES is
-# a list of path=file pairs.
-# rcc ends its output with a static initialiser; it is cut off, because the library registers its
-# resources in one place, through the functions that Q_INIT_RESOURCE() and Q_CLEANUP_RESOURCE() call.
-function(tavex_resource_block target name)
-    cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "ENTRIES")
-    set(lines)
-    set(files)
-    foreach(entry IN LISTS arg_ENTRIES)
-        string(REGEX MATCH "^([^=]+)=(.+)$" entry ${entry})
-        string(APPEND lines "<file alias=\"${CMAKE_MATCH_1}\">${CMAKE_MATCH_2}</file>\n")
-        list(APPEND files ${CMAKE_MATCH_2})
-    endforeach()
-    set(qrc ${CMAKE_CURRENT_BINARY_DIR}/${name}.qrc)
-    set(source ${CMAKE_CURRENT_BINARY_DIR}/${name}_resources.cpp)
-    file(CONFIGURE OUTPUT ${qrc}
-        CONTENT "<RCC><qresource prefix=\"/\">\n${lines}</qresource></RCC>\n" @ONLY)
-    add_custom_command(OUTPUT ${source}
-        COMMAND Qt6::rcc --name ${name} --no-compress --format-version 3 -o ${source} ${qrc}
-        COMMAND ${CMAKE_COMMAND} -DSOURCE=${source}
-            -P ${PROJECT_SOURCE_DIR}/cmake/CutResourceInitializer.cmake
-        DEPENDS ${qrc} ${files} ${PROJECT_SOURCE_DIR}/cmake/CutResourceInitializer.cmake
-        COMMENT "Compiling resource block ${name}"
-        VERBATIM)
-    target_sources(${target} PRIVATE ${source})
-endfunction()

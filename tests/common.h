@@ -1,8 +1,8 @@
 #pragma once
 
-#include <tavex/Tavex>
+#include "checks.h"
 
-#include <QtTest>
+#include <tavex/Tavex>
 
 #include <atomic>
 #include <limits>
@@ -22,6 +22,24 @@ constexpr T Min = (std::numeric_limits<T>::lowest)();
 inline QString string(const char *utf8)
 {
     return QString::fromUtf8(utf8);
+}
+inline QString operator""_s(const char *utf8, std::size_t size)
+{
+    return QString::fromUtf8(utf8, qsizetype(size));
+}
+
+/// What is in a file; "no file" if there is none.
+inline QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+}
+
+/// Writes a file and returns whether it could.
+inline bool putFile(const QString &path, const QByteArray &content = {})
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
 }
 
 /// What is read back of a QVariant that holds \a value and was written to a stream.

@@ -8,46 +8,11 @@
 using namespace Quorvex;
 
 //! [enumeration]
-enum class Colour { Red, Green };
+#define COLOUR_KEYS(KEY) KEY(Red, 0) KEY(Green, 1)
 
-class Colour_T final : public SEnumBase<Colour>
-{
-public:
-    static const Colour_T &instance()
-    {
-        static const Colour_T table;
-        return table;
-    }
-    [[nodiscard]] QString name() const override { return QStringLiteral("Colour"); }
-    [[nodiscard]] bool isFlagSet() const override { return false; }
-
-private:
-    static constexpr SEnumKey<Colour> Rows[] = {{Colour::Red, u"Red"}, {Colour::Green, u"Green"}};
-    Colour_T()
-        : SEnumBase(Rows)
-    {
-        loadRuntimeKeys();
-    }
-};
+TAVEX_ENUM(Colour, int, COLOUR_KEYS); // The enumeration and its key table, Colour_T.
+TAVEX_ENUM_TRANSLATOR(Colour); // Colour_TR. It loads Colour_<language>.qm from :/translations.
 //! [enumeration]
-
-//! [translator]
-class Colour_TR final : public SEnumTranslatorBase
-{
-public:
-    static const Colour_TR &instance()
-    {
-        static Colour_TR translator;
-        return translator;
-    }
-    [[nodiscard]] QString name() const override { return QStringLiteral("Colour"); }
-    [[nodiscard]] QStringList keys() const override { return Colour_T::instance().keys(); }
-    [[nodiscard]] QString headerPath() const override { return QStringLiteral("colour"); }
-
-private:
-    Colour_TR() { translationRegister(); } // Loads Colour_<language>.qm from :/translations.
-};
-//! [translator]
 
 //! [loader]
 class ColourLoader : public ISEnumRuntimeLoader

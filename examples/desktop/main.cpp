@@ -27,7 +27,7 @@ int main(int argc, char *argv[])
         QCoreApplication::translate("main", "Shows the CRC-32 checksums of files in a window."));
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addOption({QStringLiteral("lang"), tr("Language of the output, such as de or fr."),
+    parser.addOption({QStringLiteral("lang"), Text::tr("Language of the output, such as de or fr."),
         QStringLiteral("LANG")});
     parser.addPositionalArgument(QStringLiteral("FILE"),
         QCoreApplication::translate("main", "The files to begin with."),

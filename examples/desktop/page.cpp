@@ -53,13 +53,13 @@ void Page::fill()
     setWindowTitle(content.title);
     m_browser->setAccessibleName(content.title);
     m_browser->setHtml(content.html);
-    // Of a page that is written for web browsers, backgrounds would have gaps between the lines.
+    // The line height that the page asks of web browsers would leave gaps in backgrounds here.
     QTextBlockFormat singleSpaced;
     singleSpaced.setLineHeight(0, QTextBlockFormat::SingleHeight);
     QTextCursor all(m_browser->document());
     all.select(QTextCursor::Document);
     all.mergeBlockFormat(singleSpaced);
-    // Qt's own word is in fewer languages.
+    // Qt translates its own button into fewer languages.
     m_close->setText(tr("&Close"));
 }
 

@@ -15,7 +15,7 @@ Task::Task(const QString &path, QObject *parent)
 
 void Task::run()
 {
-    // One of its own: a QFileInfo is for one thread.
+    // A copy, because a QFileInfo may be used by one thread only.
     const QFileInfo info(m_file.filePath());
     QFile file(info.filePath());
     SCrc32 crc;
@@ -49,7 +49,7 @@ void Task::end(State state, uint crc, const QString &error)
     m_state = state;
     m_crc = crc;
     m_error = error;
-    // Whatever follows the progress is through with this part.
+    // Those who add up progress count this task as done, whatever came of it.
     setProgress(100);
     Q_EMIT ended();
 }

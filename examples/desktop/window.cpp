@@ -187,7 +187,7 @@ void Window::addFiles(const QStringList &paths)
             row->update();
             updateSummary();
         });
-        // One that no thread has begun has only to say so.
+        // A task that still waits for a thread ends here: run() finds it aborted.
         connect(task, &Task::aborting, this, [this, task] {
             if (m_threads.tryTake(task))
                 task->run();
@@ -321,7 +321,8 @@ void Window::updateSummary()
     for (const Row *const row : all)
         bytes += row->task()->file().size();
     const qsizetype waiting = waitingTasks().size();
-    m_summary->setText(::tr("%n file(s), %1", int(all.size())).arg(readableSize(bytes, QLocale())));
+    m_summary->setText(
+        Text::tr("%n file(s), %1", nullptr, int(all.size())).arg(readableSize(bytes, QLocale())));
     m_abortAll->setEnabled(waiting > 0);
     m_removeEnded->setEnabled(waiting < all.size());
     m_pages->setCurrentIndex(all.isEmpty() ? 0 : 1);

@@ -126,7 +126,7 @@ std::optional<QList<FileRecord>> Examination::take(std::chrono::milliseconds tim
     std::unique_lock lock(m_mutex);
     const auto isReady = [this] { return m_taken < m_records.size() && m_records[m_taken]; };
     m_ready.wait_for(lock, time, [&] { return isReady() || m_working == 0; });
-    // When all has stopped, there are gaps where files were left out.
+    // After an abort, files that were left out have no record.
     if (m_working == 0 && m_taken == m_records.size())
         return {};
     QList<FileRecord> records;
@@ -192,7 +192,7 @@ std::optional<FileRecord> Examination::examine(const FoundFile &found, const Adv
     }
 
     QFile file(path);
-    // Whole chunks need no second buffer below them.
+    // Reading in large chunks gains nothing from QFile's buffer.
     bool isRead = file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     SCrc32 crc;
     if (isRead) {

@@ -56,15 +56,15 @@ void setLanguage(const QString &name)
 Options parse(const QStringList &arguments)
 {
     const QCommandLineOption lang(QStringLiteral("lang"),
-        tr("Language of the output, such as de or fr."), QStringLiteral("LANG"));
-    const QCommandLineOption json(QStringLiteral("json"), tr("Write JSON instead of text."));
-    const QCommandLineOption sysinfo(
-        QStringLiteral("sysinfo"), tr("Show the system, its volumes and the user's folders."));
+        Text::tr("Language of the output, such as de or fr."), QStringLiteral("LANG"));
+    const QCommandLineOption json(QStringLiteral("json"), Text::tr("Write JSON instead of text."));
+    const QCommandLineOption sysinfo(QStringLiteral("sysinfo"),
+        Text::tr("Show the system, its volumes and the user's folders."));
     const QCommandLineOption legal(QStringLiteral("legal"),
-        tr("Write the licences of the components to this file, as a web page."),
+        Text::tr("Write the licences of the components to this file, as a web page."),
         QStringLiteral("FILE"));
     const QCommandLineOption noCache(QStringLiteral("no-cache"),
-        tr("Read every file, even if its checksum is known from an earlier run."));
+        Text::tr("Read every file, even if its checksum is known from an earlier run."));
     QCommandLineOption defaultFolder(
         QStringLiteral("default-folder"), {}, QStringLiteral("FOLDER"));
     defaultFolder.setFlags(QCommandLineOption::HiddenFromHelp);
@@ -72,12 +72,12 @@ Options parse(const QStringList &arguments)
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        tr("Lists every file below a folder with its size and its CRC-32 checksum."));
+        Text::tr("Lists every file below a folder with its size and its CRC-32 checksum."));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({lang, json, noCache, sysinfo, legal, defaultFolder});
     parser.addPositionalArgument(
-        QStringLiteral("FOLDER"), tr("The folder to list."), QStringLiteral("[FOLDER]"));
+        QStringLiteral("FOLDER"), Text::tr("The folder to list."), QStringLiteral("[FOLDER]"));
     parser.process(arguments);
 
     const QStringList folders = parser.positionalArguments();
@@ -103,25 +103,27 @@ class TextReport
 public:
     TextReport(const QLocale &locale, std::optional<int> terminalWidth)
         : m_locale(locale)
-        , m_cachedWidth(qMax(displayWidth(tr("Cached")), displayWidth(tr("yes"))))
+        , m_cachedWidth(qMax(displayWidth(Text::tr("Cached")), displayWidth(Text::tr("yes"))))
     {
-        // A path is only cut by ten characters or more, and three dots take their place.
+        // A shortened path loses at least ten characters and gains three dots, so a path that
+        // exceeds its column by fewer is left whole.
         constexpr int Tolerance = 9;
         const int other = SizeWidth + CrcWidth + int(m_cachedWidth) + 6;
         if (terminalWidth)
             m_pathWidth = qMax(0, *terminalWidth - other - Tolerance);
-        writeLine(tr("Size"), tr("CRC-32"), tr("Cached"), tr("Path"));
+        writeLine(Text::tr("Size"), Text::tr("CRC-32"), Text::tr("Cached"), Text::tr("Path"));
     }
 
     void add(const FileRecord &record)
     {
         if (!record.crc) {
             m_out.flush();
-            m_err << tr("Cannot read %1: %2").arg(record.path, record.error) << Qt::endl;
+            m_err << Text::tr("Cannot read %1: %2").arg(record.path, record.error) << Qt::endl;
             return;
         }
         writeLine(readableSize(record.size, m_locale), crcText(*record.crc),
-            record.cached ? tr("yes") : QString(), SDir::pathShortener(record.path, m_pathWidth));
+            record.cached ? Text::tr("yes") : QString(),
+            SDir::pathShortener(record.path, m_pathWidth));
     }
 
     void flush() { m_out.flush(); }
@@ -129,16 +131,18 @@ public:
     void finish(const Totals &totals)
     {
         m_out << '\n'
-              << tr("%n file(s), %1", totals.files).arg(readableSize(totals.bytes, m_locale))
+              << Text::tr("%n file(s), %1", nullptr, totals.files)
+                     .arg(readableSize(totals.bytes, m_locale))
               << '\n';
         if (totals.cached > 0)
-            m_out << tr("%n file(s) had to be read; the cache knew the others.",
+            m_out << Text::tr("%n file(s) had to be read; the cache knew the others.", nullptr,
                 totals.files - totals.cached)
                   << '\n';
         if (totals.unreadable > 0)
-            m_out << tr("%n file(s) could not be read.", totals.unreadable) << '\n';
+            m_out << Text::tr("%n file(s) could not be read.", nullptr, totals.unreadable) << '\n';
         if (totals.skipped > 0)
-            m_out << tr("Stopped: %n file(s) were left out.", int(totals.skipped)) << '\n';
+            m_out << Text::tr("Stopped: %n file(s) were left out.", nullptr, int(totals.skipped))
+                  << '\n';
     }
 
 private:
@@ -199,7 +203,8 @@ int writeLegalPage(const QString &fileName)
     const QByteArray page = S3rdParty::legalInformation().toUtf8();
     if (file.open(QIODevice::WriteOnly) && file.write(page) == page.size() && file.commit())
         return 0;
-    QTextStream(stderr) << tr("Cannot write %1: %2").arg(fileName, file.errorString()) << '\n';
+    QTextStream(stderr) << Text::tr("Cannot write %1: %2").arg(fileName, file.errorString())
+                        << '\n';
     return 1;
 }
 
@@ -282,7 +287,7 @@ int main(int argc, char *argv[])
 
     const QFileInfo folder(options.folder);
     if (!folder.isDir() || !folder.isReadable()) {
-        QTextStream(stderr) << tr("%1 is not a folder that can be read.").arg(options.folder)
+        QTextStream(stderr) << Text::tr("%1 is not a folder that can be read.").arg(options.folder)
                             << '\n';
         return 2;
     }

@@ -22,7 +22,7 @@ namespace {
 QStringList featureNames()
 {
     QStringList names;
-    for (const auto &row : CpuFeatureFlags_T::rows) {
+    for (const auto &row : CpuFeatureFlags_T::rows()) {
         if (testAnyFlag(SCpuInfo::features(), row.value))
             names.append(QString::fromUtf16(row.key));
     }
@@ -32,7 +32,7 @@ QStringList featureNames()
 QList<SystemFact> folders()
 {
     QList<SystemFact> result;
-    for (const auto &row : SpecialFolder_T::rows) {
+    for (const auto &row : SpecialFolder_T::rows()) {
         const QString path = SEnvironment::getFolder(row.value, true);
         const QString name = SpecialFolder_T::instance().toString(row.value);
         if (!path.isEmpty() && name == QString::fromUtf16(row.key))
@@ -47,32 +47,33 @@ QList<SystemSection> describeSystem(const QLocale &locale)
 {
     const auto size = [&](qint64 bytes) { return readableSize(bytes, locale); };
 
-    SystemSection volumes{tr("Volumes"), {}};
+    SystemSection volumes{Text::tr("Volumes"), {}};
     for (const SStorageInfo &volume : SStorageInfo::volumes()) {
         QString space; // A server that is gone would be waited for.
         if (volume.isLocal())
-            space = tr("%1, %2 free").arg(size(volume.totalBytes()), size(volume.freeBytes()));
+            space =
+                Text::tr("%1, %2 free").arg(size(volume.totalBytes()), size(volume.freeBytes()));
         volumes.facts.append(
             {QStringLiteral("%1 (%2)").arg(volume.rootPath(), volume.type()), space});
     }
     return {
         {{},
-            {{tr("Operating system"), SSysInfo::prettyProductName()},
-                {tr("Kernel"),
+            {{Text::tr("Operating system"), SSysInfo::prettyProductName()},
+                {Text::tr("Kernel"),
                     SSysInfo::kernelType() + QLatin1Char(' ') + SSysInfo::kernelVersion()},
-                {tr("User"), SEnvironment::fullUserName()},
-                {tr("Qt version"), SEnvironment::qtRuntimeVersionString()},
-                {tr("Processor"), SCpuInfo::brand()},
-                {tr("Processor type"), CpuType_T::instance().toString(SCpuInfo::type())},
-                {tr("Cores"), locale.toString(SCpuInfo::cores())},
-                {tr("Usable processors"), locale.toString(SCpuInfo::threads())},
-                {tr("Processor features"), featureNames().join(QLatin1Char(' '))},
-                {tr("Memory"),
-                    tr("%1, %2 available")
+                {Text::tr("User"), SEnvironment::fullUserName()},
+                {Text::tr("Qt version"), SEnvironment::qtRuntimeVersionString()},
+                {Text::tr("Processor"), SCpuInfo::brand()},
+                {Text::tr("Processor type"), CpuType_T::instance().toString(SCpuInfo::type())},
+                {Text::tr("Cores"), locale.toString(SCpuInfo::cores())},
+                {Text::tr("Usable processors"), locale.toString(SCpuInfo::threads())},
+                {Text::tr("Processor features"), featureNames().join(QLatin1Char(' '))},
+                {Text::tr("Memory"),
+                    Text::tr("%1, %2 available")
                         .arg(size(SMemoryInfo::total()), size(SMemoryInfo::available()))},
-                {tr("Usable memory"), size(SMemoryInfo::limit())}}},
+                {Text::tr("Usable memory"), size(SMemoryInfo::limit())}}},
         volumes,
-        {tr("Folders"), folders()},
+        {Text::tr("Folders"), folders()},
     };
 }
 

@@ -51,7 +51,7 @@ qsizetype displayWidth(const QString &text)
 
 void ProgressBar::draw(const Examination &work)
 {
-    // What is over in a moment needs no bar, which would only flicker.
+    // For work that ends at once a bar would only flicker.
     constexpr qint64 Patience = 500;
     const qint64 elapsed = m_clock.elapsed();
     if (!m_width || elapsed < Patience)
@@ -63,7 +63,7 @@ void ProgressBar::draw(const Examination &work)
                        .arg(QString(percent / 5, QLatin1Char('#')), -20, QLatin1Char('.'));
     if (const qint64 rate = work.bytesRead() * 1000 / elapsed; rate > 0) {
         const qint64 seconds = work.bytesLeft() / rate;
-        line += tr("%1/s, %2 left")
+        line += Text::tr("%1/s, %2 left")
                     .arg(readableSize(rate, QLocale()),
                         QStringLiteral("%1:%2")
                             .arg(seconds / 60)

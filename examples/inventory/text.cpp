@@ -4,14 +4,7 @@
 #include <tavex/SLocale>
 #include <tavex/SUnitConvert>
 
-#include <QCoreApplication>
-
 using namespace Quorvex;
-
-QString tr(const char *text, int n)
-{
-    return QCoreApplication::translate("inventory", text, nullptr, n);
-}
 
 QString languageArgument(const QStringList &arguments)
 {

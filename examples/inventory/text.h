@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QLocale>
 #include <QString>
 #include <QStringList>
@@ -12,8 +13,11 @@ QString languageArgument(const QStringList &arguments);
 /// program speaks English, whose catalogue knows the plural forms.
 QLocale languageLocale(const QString &name);
 
-/// Translates \a text in the context "inventory".
-QString tr(const char *text, int n = -1);
+/// What is shown: Text::tr() translates in the context "inventory".
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(inventory)
+};
 
 /// \a bytes in the unit that reads best, in the words of the current language, such as "4.3 KiB".
 QString readableSize(qint64 bytes, const QLocale &locale);

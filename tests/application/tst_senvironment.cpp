@@ -46,28 +46,28 @@ private Q_SLOTS:
             {u"XDG_DATA_HOME=/x XDG_DATA_DIRS=/y", F::ColorFolder, u""}};
         for (const auto &[environment, folder, path] : rows) {
             setEnvironment(QString::fromUtf16(environment).split(u' '));
-            QCOMPARE(SEnvironment::getFolder(folder, false), QString::fromUtf16(path));
-            if (folder != F::RootLocation)
-                QCOMPARE(SEnvironment::getFolder(folder, true), QString::fromUtf16(path));
+            for (const bool writable : {false, folder != F::RootLocation})
+                COMPARE_ROW(environment, SEnvironment::getFolder(folder, writable),
+                    QString::fromUtf16(path));
         }
     }
 
     void linuxNothingIsMade()
     {
         const QTemporaryDir home;
-        setEnvironment({string("HOME=") + home.path(), string("XDG_DATA_DIRS=") + home.path(),
-            string("TMPDIR=") + home.path()});
-        const QString profiles = home.filePath(string("color/icc"));
+        setEnvironment(
+            {"HOME="_s + home.path(), "XDG_DATA_DIRS="_s + home.path(), "TMPDIR="_s + home.path()});
+        const QString profiles = home.filePath("color/icc"_s);
         QVERIFY(QDir().mkpath(profiles));
         for (const bool writable : {false, true}) {
             for (int value = -1; value <= 103; ++value)
                 QVERIFY(!SEnvironment::getFolder(static_cast<F>(value), writable).contains(u'\\'));
             QCOMPARE(SEnvironment::colorFolder(writable), profiles);
             const QString runtime = SEnvironment::runtimeFolder(writable);
-            QVERIFY(runtime.startsWith(home.filePath(string("runtime-"))));
+            QVERIFY(runtime.startsWith(home.filePath("runtime-"_s)));
         }
         const auto made = QDir(home.path()).entryList(QDir::Hidden | QDir::AllEntries);
-        QCOMPARE(made.join(u' '), string(". .. color"));
+        QCOMPARE(made.join(u' '), ". .. color"_s);
     }
 
     void windowsFolders()
@@ -79,7 +79,7 @@ private Q_SLOTS:
         QCOMPARE(SEnvironment::commonApplicationDataFolderLegacy(), variable("ProgramData"));
         QCOMPARE(SEnvironment::localApplicationDataFolderLegacy(), variable("LOCALAPPDATA"));
         QCOMPARE(SEnvironment::colorFolder(true).toLower(),
-            variable("windir").toLower() + string("/system32/spool/drivers/color"));
+            variable("windir").toLower() + "/system32/spool/drivers/color"_s);
         for (const QString &writable :
             {SEnvironment::commonDataFolder(true), SEnvironment::tempFolder(true)})
             QVERIFY2(QFileInfo(writable).isWritable(), qPrintable(writable));
@@ -87,10 +87,10 @@ private Q_SLOTS:
 
     void ownAndUnknown()
     {
-        qputenv("USERNAME", string("Zoë").toLocal8Bit());
-        QCOMPARE(SEnvironment::userName(), string("Zoë"));
+        qputenv("USERNAME", "Zoë"_s.toLocal8Bit());
+        QCOMPARE(SEnvironment::userName(), "Zoë"_s);
         const QString full = SEnvironment::fullUserName();
-        QVERIFY(!full.isEmpty() && (SSysInfo::isWindows() || !full.contains(u',')));
+        VERIFY_ALL(!full.isEmpty(), (SSysInfo::isWindows() || !full.contains(u',')));
         QCOMPARE(SEnvironment::qtRuntimeVersionString(), string(qVersion()));
         QCOMPARE(SEnvironment::qtCompiledVersionString(), string(QT_VERSION_STR));
         QCOMPARE(SEnvironment::rawWindowsNewLine(),
@@ -98,9 +98,9 @@ private Q_SLOTS:
 
         QVERIFY(SEnvironment::rootFolder(true).isEmpty());
         const auto name = &SEnvironment::getFolderDisplayName;
-        QCOMPARE(name(F::RootLocation), string("Root"));
+        QCOMPARE(name(F::RootLocation), "Root"_s);
         QCOMPARE(name(F::CommonDataLocation), name(F::GenericDataLocation));
-        QVERIFY(!name(F::GenericDataLocation).isEmpty() && name(F::ColorFolder).isEmpty());
+        VERIFY_ALL(!name(F::GenericDataLocation).isEmpty(), name(F::ColorFolder).isEmpty());
         for (const int unknown : {-1, 31, 32, 99, 103, 2147483647, -2147483647}) {
             const auto folder = static_cast<F>(unknown);
             for (const bool writable : {false, true})
@@ -110,18 +110,18 @@ private Q_SLOTS:
 
     void temporaryNames()
     {
-        const QRegularExpression name(string("^(.*)/[0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12}$"));
+        const QRegularExpression name("^(.*)/[0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12}$"_s);
         const auto folderOf = [&](const QString &path) { return name.match(path).captured(1); };
         const auto fileName = &SEnvironment::tempUniqueFileName;
-        const QString fixed = string("C:/x %1");
-        QVERIFY(folderOf(fileName(fixed)) == fixed && fileName(fixed) != fileName(fixed));
-        for (const QString &blank : {QString(), string(" \t")})
+        const QString fixed = "C:/x %1"_s;
+        VERIFY_ALL(folderOf(fileName(fixed)) == fixed, fileName(fixed) != fileName(fixed));
+        for (const QString &blank : {QString(), " \t"_s})
             QCOMPARE(folderOf(fileName(blank)), SEnvironment::tempFolder(true));
 
         const QTemporaryDir parent;
-        const QString deep = parent.filePath(string("Größe/子"));
+        const QString deep = parent.filePath("Größe/子"_s);
         const QString made = SEnvironment::tempUniqueFolder(deep);
-        QVERIFY(folderOf(made) == deep && QDir(made).exists());
+        VERIFY_ALL(folderOf(made) == deep, QDir(made).exists());
         const int others = SSysInfo::isWindows() ? 0 : 0x77;
         QVERIFY(!(QFileInfo(made).permissions() & QFile::Permissions(others)));
         // Below a file no folder can be made.

@@ -35,7 +35,8 @@ inline QList<QByteArray> valuesOf(int version, const QList<int> &sizes)
 {
     QList<QByteArray> values;
     for (const int size : sizes)
-        values += QByteArray::number(version).leftJustified(size + version % 64, char(version));
+        values +=
+            (QByteArray::number(version) + ' ').leftJustified(size + version % 64, char(version));
     return values;
 }
 

@@ -37,7 +37,7 @@ private Q_SLOTS:
             SPointer<Counted> first(new Counted);
             SPointer<Counted> second(new Counted);
             kept.reset(first.release());
-            QVERIFY(first.isReleased() && first.get() == kept.get());
+            VERIFY_ALL(first.isReleased(), first.get() == kept.get());
             second = SPointer<Counted>(new Counted);
             QCOMPARE(Counted::alive, 2);
 
@@ -47,8 +47,8 @@ private Q_SLOTS:
             for (Counted *object : {a, b, kept.get(), a})
                 list.add(object);
             QCOMPARE(list.toList(), (QList<Counted *>{a, b, kept.get()}));
-            QVERIFY(list.remove(b) && !list.remove(b) && !list.contains(b));
-            QVERIFY(list.release(kept.get()) && !list.release(kept.get()));
+            VERIFY_ALL(list.remove(b), !list.remove(b), !list.contains(b));
+            VERIFY_ALL(list.release(kept.get()), !list.release(kept.get()));
             QCOMPARE(Counted::alive, 3);
         }
         QCOMPARE(Counted::alive, 1);
@@ -56,12 +56,12 @@ private Q_SLOTS:
 
     void namesOfClasses()
     {
-        QCOMPARE(SClassName::name(typeid(SMetaInt32)), string("SMetaInt32"));
-        QCOMPARE(SClassName::name(typeid(int)), string("int"));
+        QCOMPARE(SClassName::name(typeid(SMetaInt32)), "SMetaInt32"_s);
+        QCOMPARE(SClassName::name(typeid(int)), "int"_s);
         for (const auto &[name, words] :
             {std::pair("SMetaInt32", "Int 32"), {"SMetaJsonDocument", "Json Document"},
                 {"SMetaListUInt16", "List UInt 16"}, {"My_Own__Value", "My Own Value"},
-                {"a|b", "a |b"}, // The bar begins a word as a digit does.
+                {"a|b", "a |b"}, // A bar begins a word, as a digit does.
                 {"Sample", "Sample"}, {"S", "S"}, {"", ""}})
             QCOMPARE(SClassName::displayName(string(name)), QLatin1String(words));
     }
@@ -79,13 +79,13 @@ private Q_SLOTS:
         QCOMPARE(SVersion(1, 2, 3).addMajor(2).addMinor(-1), SVersion(3, 1, 3));
         version = 5;
         const int before = version--;
-        QVERIFY(before == 5 && version == 4 && 1 + version == 5 && 7 - version == 3);
+        VERIFY_ALL(before == 5, version == 4, 1 + version == 5, 7 - version == 3);
         QCOMPARE(SVersion(1, 2, 200) + SVersion(0, 0, 100), SVersion(1, 3, 44));
         QCOMPARE(SVersion(1, 0, 0) - SVersion(0, 0, 1), SVersion(0, 255, 255));
         QCOMPARE(SVersion(1, 300, 0), SVersion(1, 44, 0));
         QCOMPARE(--SVersion(), SVersion::invalidVersion());
-        QVERIFY(!SVersion::invalidVersion().isValid() && !SVersion::invalidVersion().isNull());
-        QVERIFY(SVersion().isValid() && SVersion().isNull());
+        VERIFY_ALL(!SVersion::invalidVersion().isValid(), !SVersion::invalidVersion().isNull());
+        VERIFY_ALL(SVersion().isValid(), SVersion().isNull());
         // Wrapping is defined; the sanitizers watch.
         QCOMPARE((++SVersion(Max<int>)).value(), Min<int>);
         QCOMPARE((SVersion(Min<int>) - SVersion(1)).value(), Max<int>);
@@ -108,14 +108,14 @@ private Q_SLOTS:
     void versionComparesWithAnyNumber()
     {
         const SVersion version(2, 0, 12);
-        QVERIFY(version == 131084 && 131084L == version && version == std::size_t(131084));
-        QVERIFY(version != (quint64(1) << 32 | 131084) && version == 131084.0);
-        QVERIFY(version < 131085U && version >= qint64(131084) && 1 < version);
-        QVERIFY(SVersion::invalidVersion() != 0xFFFFFFFFU && SVersion::invalidVersion() < 0U);
-        QVERIFY(version + 1 == SVersion(2, 0, 13) && version - 1L == SVersion(2, 0, 11));
+        VERIFY_ALL(version == 131084, 131084L == version, version == std::size_t(131084));
+        VERIFY_ALL(version != (quint64(1) << 32 | 131084), version == 131084.0);
+        VERIFY_ALL(version < 131085U, version >= qint64(131084), 1 < version);
+        VERIFY_ALL(SVersion::invalidVersion() != 0xFFFFFFFFU, SVersion::invalidVersion() < 0U);
+        VERIFY_ALL(version + 1 == SVersion(2, 0, 13), version - 1L == SVersion(2, 0, 11));
         // What the language takes for a number counts as one.
-        QVERIFY(version == Number && Number == version && version - Number == SVersion());
-        QVERIFY(SVersion(97) == 'a' && SVersion(1) == true && version > true && 'a' < version);
+        VERIFY_ALL(version == Number, Number == version, version - Number == SVersion());
+        VERIFY_ALL(SVersion(97) == 'a', SVersion(1) == true, version > true, 'a' < version);
     }
 
     void versionsAreValues()
@@ -125,7 +125,7 @@ private Q_SLOTS:
         QCOMPARE((std::unordered_set{version, SVersion(1), version}.size()), 2U);
         QString text;
         QDebug(&text).nospace() << version << SVersion::invalidVersion() << 7;
-        QCOMPARE(text, string("SVersion(2.0.12)SVersion(-1)7"));
+        QCOMPARE(text, "SVersion(2.0.12)SVersion(-1)7"_s);
         QCOMPARE(version.toVersionNumber(), QVersionNumber(2, 0, 12));
         QVERIFY(SVersion::invalidVersion().toVersionNumber().isNull());
         for (const auto &[number, expected] : {std::pair(QVersionNumber(), SVersion()),
@@ -145,7 +145,7 @@ private Q_SLOTS:
         };
         const Row rows[] = {{"10.20.30", {10, 20, 30}}, {"v1.2.3-beta", {1, 2, 3}},
             {"1-2-3", {1, 2, 3}}, {"1.2.345", {1, 2, 34}},
-            {"123.4.5", {1, 3, 4}}, // The dots stand for any character, a digit too.
+            {"123.4.5", {1, 3, 4}}, // A dot stands for any character, even a digit.
             {"1.2", {}}, {"abc", {}}, {"", {}}, {"3/2/1", {1, 2, 3}, " {pp}/{mm}/{MM} "},
             {"7", {7, 0, 0}, "{MM}"}, {"7,000", {7000, 0, 0}, "(?<major>.+)"},
             {"99999999999", {}, "(?<major>.+)"}, {"x", {}, "(?<major>.+)"},
@@ -163,10 +163,9 @@ private Q_SLOTS:
     void convertsVersions()
     {
         const SVersion version(1, 2, 30);
-        QCOMPARE(SConvert::toString(version, string("{pp}/{mm}/{MM}/{mm}"), QLocale::c()),
-            string("30/2/1/2"));
+        QCOMPARE(SConvert::toString(version, "{pp}/{mm}/{MM}/{mm}"_s, QLocale::c()), "30/2/1/2"_s);
         QCOMPARE(SConvert::toString(version, QLocale(QLocale::Arabic, QLocale::Egypt)),
-            QStringLiteral(u"\u0661.\u0662.\u0663\u0660"));
+            "\u0661.\u0662.\u0663\u0660"_s);
 
         QCOMPARE(SConvert::toVersion(131084LL + (1LL << 32)), SVersion(2, 0, 12));
         QCOMPARE(SConvert::toVersion(static_cast<signed char>(-1)), SVersion::invalidVersion());

@@ -54,7 +54,7 @@ private Q_SLOTS:
             Device source(reads, "abcdefg");
             return SFileHelper::readAllBuffer(&source, bytes, 5, 0);
         };
-        QVERIFY(count({3, 0}) == 3 && count({3, -1}) == -1 && count({}) == 5 && read({}, 1) == "a");
+        VERIFY_ALL(count({3, 0}) == 3, count({3, -1}) == -1, count({}) == 5, read({}, 1) == "a");
         Device target({2, 1, 9, 2, 0, 2, -1});
         for (const int taken : {5, 2, -1})
             QCOMPARE(SFileHelper::writeAllBuffer(&target, "abcde", 5, 0), taken);
@@ -74,32 +74,47 @@ private Q_SLOTS:
         }
         QBuffer closed;
         Device source({}, "abc");
-        QVERIFY(SFileHelper::copyDevice(&closed, &source, 5) && !closed.isOpen());
+        VERIFY_ALL(SFileHelper::copyDevice(&closed, &source, 5), !closed.isOpen());
         QFile nowhere(path("none/file"));
         QFile nameless;
         QSaveFile save(path("saved")); // Its close() ends the process.
         for (QIODevice *refused : QList<QIODevice *>{nullptr, &nowhere, &nameless, &save}) {
-            QVERIFY(!SFileHelper::copyDevice(&closed, refused, 5));
+            QString error;
+            QVERIFY(!SFileHelper::copyDevice(&closed, refused, 5, &error) && !error.isEmpty());
             QVERIFY(!SFileHelper::copyDevice(refused, &closed, 5));
             QVERIFY(!SEnumHelper::writeTranslatorXML(refused, {}));
         }
-        QVERIFY(save.open(QFile::WriteOnly) && SFileHelper::copyDevice(&save, &closed, 5));
-        QVERIFY(save.commit() && closed.data() == "abc" && !closed.isOpen());
+        VERIFY_ALL(save.open(QFile::WriteOnly), SFileHelper::copyDevice(&save, &closed, 5));
+        VERIFY_ALL(save.commit(), closed.data() == "abc", !closed.isOpen());
         QCOMPARE(SFileHelper::readAllBuffer(&closed, &byte, 1, 0), -1);
         QCOMPARE(SFileHelper::writeAllBuffer(&closed, &byte, 1, 0), -1);
     }
 
+    void writeTranslatorXML()
+    {
+        QFile file(path("a.ts"));
+        for (const char *document : {"longer than the next", "<TS>\xC3\xA4</TS>"}) {
+            QVERIFY(SEnumHelper::writeTranslatorXML(file.fileName(), string(document)));
+            QCOMPARE(contentOf(file.fileName()), document);
+        }
+        QVERIFY(SEnumHelper::writeTranslatorXML(&file, "x"_s));
+        QVERIFY(!file.isOpen());
+        QCOMPARE(contentOf(file.fileName()), "x");
+        for (const QString &bad : {path("no/a.ts"), QString()})
+            QVERIFY2(!SEnumHelper::writeTranslatorXML(bad, {}), qPrintable(bad));
+    }
+
 #ifdef Q_OS_UNIX
-    // They say from the start that they are at their end.
+    // They claim to be at their end before anything is read.
     void streams()
     {
         int ends[2];
-        QVERIFY(pipe(ends) == 0 && write(ends[1], "piped ", 6) == 6 && close(ends[1]) == 0);
-        QFile piped(string("/dev/fd/%1").arg(ends[0]));
-        QFile made(string("/proc/self/comm"));
-        QFile unreadable(string("/proc/self/mem"));
+        VERIFY_ALL(pipe(ends) == 0, write(ends[1], "piped ", 6) == 6, close(ends[1]) == 0);
+        QFile piped("/dev/fd/%1"_s.arg(ends[0]));
+        QFile made("/proc/self/comm"_s);
+        QFile unreadable("/proc/self/mem"_s);
         QProcess ended;
-        ended.start(string("echo"), {string("ended")});
+        ended.start("echo"_s, {"ended"_s});
         QVERIFY(ended.waitForFinished());
         QByteArray all;
         for (QIODevice *source : QList<QIODevice *>{&piped, &made, &ended, &unreadable}) {
@@ -107,74 +122,82 @@ private Q_SLOTS:
             all += SFileHelper::copyDevice(&target, source, 4) ? target.data() : "-";
         }
         QCOMPARE(all, "piped tst_files\nended\n-");
-        QVERIFY(made.open(QFile::ReadOnly) && close(ends[0]) == 0);
+        VERIFY_ALL(made.open(QFile::ReadOnly), close(ends[0]) == 0);
         QCOMPARE(SFileHelper::readAllBuffer(&made, 10, 0), "tst_files\n");
     }
 #endif
 
-    // What fits Qt's own buffer is refused only when that is emptied.
+    // Small data fits the buffer of QFile: writing fails only when that is flushed.
     void fullDisk()
     {
-        QFile full(QStringLiteral("/dev/full"));
+        QFile full("/dev/full"_s);
         full.open(QIODevice::WriteOnly);
         QFile target(path("копия 副本 🗎"));
         for (const int size : {0, 5, 100'000}) {
             Device source({}, QByteArray(size, 'x'));
-            QVERIFY(SFileHelper::copyDevice(&target, &source, 70'000) && target.size() == size);
-            QCOMPARE(SFileHelper::copyDevice(&full, &target, 1000), size == 0 && full.isOpen());
+            VERIFY_ALL(SFileHelper::copyDevice(&target, &source, 70'000), target.size() == size);
+            QString error;
+            QCOMPARE(
+                SFileHelper::copyDevice(&full, &target, 1000, &error), size == 0 && full.isOpen());
+            QVERIFY(size == 0 || !full.isOpen() || error == qt_error_string(ENOSPC));
         }
     }
 
     void names()
     {
-        QVERIFY(SDir::pathCompare(u"C:\\A\\..\\B\\"_qs, u"c:/b"_qs, Qt::CaseInsensitive));
-        QVERIFY(!SDir::pathCompare(u"//s/a"_qs, u"/s/a"_qs, Qt::CaseInsensitive));
-        QCOMPARE(SDir::removeWrongChars(u"a?b*c:d;e"_qs), u"a_b_c_d_e"_qs);
-        QCOMPARE(SDir::uniqueEnumeratedPath(u"none - 1/x"_qs), u"none - 1/x"_qs);
-        QVERIFY(SDir(m_folder.path()).isLocal() && !SDir(path("none")).isLocal());
+        QVERIFY(SDir::pathCompare("C:\\A\\..\\B\\"_s, "c:/b"_s, Qt::CaseInsensitive));
+        QVERIFY(!SDir::pathCompare("//s/a"_s, "/s/a"_s, Qt::CaseInsensitive));
+        QCOMPARE(SDir::removeWrongChars("a?b*c:d;e"_s), "a_b_c_d_e"_s);
+        QCOMPARE(SDir::uniqueEnumeratedPath("none - 1/x"_s), "none - 1/x"_s);
+        VERIFY_ALL(SDir(m_folder.path()).isLocal(), !SDir(path("none")).isLocal());
         QCOMPARE(SDir(path("none")).path(), path("none"));
         const QString none(QChar::Null); // And Qt's log hears nothing.
         for (const QString &name : {QString(), none})
             QVERIFY(!STemporaryFile(name).open(QFile::WriteOnly));
-        QVERIFY(SFileHelper::deleteOnExit(none) == none && SDir::uniqueEnumeratedPath(none) == none
-            && SFileHelper::uniqueEnumeratedName(none) == none);
-        const QString text = u"0123456789abcdefghijklmnopqrst"_qs;
-        QCOMPARE(SDir::pathShortener(text, 20), u"0123456789...klmnopqrst"_qs);
-        QCOMPARE(SDir::pathShortener(text, -9), u"01234...pqrst"_qs);
-        QVERIFY(SDir::pathShortener(text, 21) == text && SDir::pathShortener(text, -1) == text);
+        VERIFY_ALL(SFileHelper::deleteOnExit(none) == none,
+            SDir::uniqueEnumeratedPath(none) == none,
+            SFileHelper::uniqueEnumeratedName(none) == none);
+        const QString text = "0123456789abcdefghijklmnopqrst"_s;
+        QCOMPARE(SDir::pathShortener(text, 20), "0123456789...klmnopqrst"_s);
+        QCOMPARE(SDir::pathShortener(text, -9), "01234...pqrst"_s);
+        VERIFY_ALL(SDir::pathShortener(text, 21) == text, SDir::pathShortener(text, -1) == text);
         for (int i = 0; i < 101; ++i) {
             QFile file(SFileHelper::uniqueEnumeratedName(path("%1 отчёт.tar.gz")));
-            QVERIFY(file.exists() == (i >= 99) && file.open(QIODevice::WriteOnly));
+            VERIFY_ALL(file.exists() == (i >= 99), file.open(QIODevice::WriteOnly));
             QCOMPARE(QDir().mkdir(SDir::uniqueEnumeratedPath(path("Отчёт - x/ "))), i < 100);
         }
-        QVERIFY(QFile::exists(path("%1 отчёт - 99.tar.gz")) && QFile::exists(path("Отчёт - 99")));
+        VERIFY_ALL(QFile::exists(path("%1 отчёт - 99.tar.gz")), QFile::exists(path("Отчёт - 99")));
     }
 
-    // The child ends as programs do, and deletes what is its own.
+    // Each object deletes its file when it ends, deleteNow() what was registered before.
     void deletesAtExit()
     {
         const QString deep = path("x/kept/") + QString(127, QChar(0x5D0)) + QLatin1Char('x');
-        QVERIFY(QDir().mkpath(deep) && QDir().mkpath(path("x/gone/below")));
-        QVERIFY(SSysInfo::isWindows() || QFile::link(string("/dev/full"), path("x/full")));
+        VERIFY_ALL(QDir().mkpath(deep), QDir().mkpath(path("x/gone/below")));
+        QVERIFY(SSysInfo::isWindows() || QFile::link("/dev/full"_s, path("x/full")));
         STemporaryFile ended;
         {
             STemporaryFile full(path("x/full"));
-            QVERIFY(full.open(QFile::WriteOnly) && full.write("x") == 1);
+            VERIFY_ALL(full.open(QFile::WriteOnly), full.write("x") == 1);
             STemporaryFile file(path("x/file"));
             STemporaryFile other;
-            QVERIFY(file.open(QFile::WriteOnly) && other.open(QFile::WriteOnly));
-            QVERIFY(file.copy(path("x/copy")) && file.copy(path("x/kept/.hidden")));
+            VERIFY_ALL(file.open(QFile::WriteOnly), other.open(QFile::WriteOnly));
+            VERIFY_ALL(file.copy(path("x/copy")), file.copy(path("x/kept/.hidden")));
             QVERIFY(SSysInfo::isWindows() || !(other.permissions() & QFile::Permissions(0x77)));
             ended.setFileName(other.fileName());
         }
         QVERIFY(!ended.exists());
-        QVERIFY(QDir::setCurrent(path("x/kept"))); // What an empty path is not to stand for.
-        QVERIFY(SDir(string(".")).link(path("x/link")) && !SDir({}).link(path("x/none")));
+        QVERIFY(QDir::setCurrent(path("x/kept"))); // An empty path must not mean this folder.
+        QVERIFY(SDir("."_s).link(path("x/link")));
+        const QString bad = SSysInfo::isWindows() ? "a\" & \"b"_s : QString();
+        QVERIFY(!SDir(bad).link(path("x/none")));
         QVERIFY(SDir(path("x/gone")).link(path("x/dangling")));
         QVERIFY(SDir(path("x/kept")).link(path("x/gone/below/link")));
         const QStringList names{path("x/gone"), path("x/late"), path("x/link//./"), path("x/gone"),
             path("x/dangling"), path("x/copy")};
         QCOMPARE(SFileHelper::deleteOnExit(names), names);
+        for (const QString &name : SFileHelper::deleteOnExit(QStringList(names)))
+            QVERIFY(names.contains(name)); // A temporary list stays to the end of the loop.
         QCOMPARE(SFileHelper::deleteOnExit(names.at(0)), names.at(0));
         for (const QString &name : {path("x/never"), QString()})
             QCOMPARE(SFileHelper::deleteFolderOnExit(name), name);
@@ -182,9 +205,10 @@ private Q_SLOTS:
             QCOMPARE(SFileHelper::deleteFileOnExit(name), name);
         QVERIFY(SSysInfo::isWindows() || QFile::exists(path("x/link/.hidden")));
         QVERIFY(SSysInfo::isWindows() || QFile::link(path("x/copy"), path("x/lost")));
-        QVERIFY(QFile::exists(path("x/gone")) && QDir().mkdir(path("x/late")));
+        VERIFY_ALL(QFile::exists(path("x/gone")), QDir().mkdir(path("x/late")));
         SFileHelper::deleteNow();
-        QVERIFY(QDir().mkdir(path("x/never"))); // It was not there when it could be deleted.
+        QVERIFY(
+            QDir().mkdir(path("x/never"))); // The call above dropped it, since it did not exist.
         SFileHelper::deleteNow();
         QVERIFY(QDir::setCurrent(m_folder.path()));
         QStringList left = SDir::search(path("x"), {}, QDirIterator::Subdirectories);
@@ -194,50 +218,51 @@ private Q_SLOTS:
                 {path("x/kept"), path("x/kept/.hidden"), deep, path("x/late"), path("x/never")}));
     }
 
-    // What ".." means: to Windows what the text says, elsewhere the folder above the link's target.
+    // ".." behind a link is the link's folder on Windows, elsewhere the folder above its target.
     void parents()
     {
         const QString here = path(SSysInfo::isWindows() ? "up" : "up/a");
         const QString other = path(SSysInfo::isWindows() ? "up/a" : "up");
         for (const QString &folder : {here, other})
-            QVERIFY(QDir().mkpath(folder + string("/gone/x"))
-                && QFile(folder + string("/f")).open(QFile::WriteOnly));
-        QVERIFY(QDir().mkdir(path("up/a/b")) && QDir::setCurrent(path("up")));
+            VERIFY_ALL(
+                QDir().mkpath(folder + "/gone/x"_s), QFile(folder + "/f"_s).open(QFile::WriteOnly));
+        VERIFY_ALL(QDir().mkdir(path("up/a/b")), QDir::setCurrent(path("up")));
         QVERIFY(SDir(path("up/a/b")).link(path("up/l")));
-        QVERIFY(SDir(string("l/../gone/x")).link(string("l/../link")));
+        QVERIFY(SDir("l/../gone/x"_s).link("l/../link"_s));
         {
-            const STemporaryFile unopened(string("l/../f"));
+            const STemporaryFile unopened("l/../f"_s);
             STemporaryFile file;
-            file.setFileName(string("l/../gone/x/g"));
-            QVERIFY(file.open(QFile::WriteOnly) && QFile::exists(here + string("/gone/x/g")));
-            QVERIFY(SSysInfo::isWindows() || QFile::exists(here + string("/link/g")));
-            SFileHelper::deleteFolderOnExit(string("l/../gone/x/.."));
-            SFileHelper::deleteFileOnExit(string("l/../link"));
+            file.setFileName("l/../gone/x/g"_s);
+            VERIFY_ALL(file.open(QFile::WriteOnly), QFile::exists(here + "/gone/x/g"_s));
+            QVERIFY(SSysInfo::isWindows() || QFile::exists(here + "/link/g"_s));
+            SFileHelper::deleteFolderOnExit("l/../gone/x/.."_s);
+            SFileHelper::deleteFileOnExit("l/../link"_s);
             QVERIFY(QDir::setCurrent(m_folder.path()));
         }
-        QVERIFY(!QFile::exists(here + string("/gone/x/g")));
+        QVERIFY(!QFile::exists(here + "/gone/x/g"_s));
         SFileHelper::deleteNow();
         for (const char *name : {"/gone", "/f"})
-            QVERIFY(!QFile::exists(here + string(name)) && QFile::exists(other + string(name)));
-        QVERIFY(QFile::exists(other + string("/gone/x")));
-        QVERIFY(!QFileInfo(here + string("/link")).isSymLink());
+            VERIFY_ALL(!QFile::exists(here + string(name)), QFile::exists(other + string(name)));
+        QVERIFY(QFile::exists(other + "/gone/x"_s));
+        QVERIFY(!QFileInfo(here + "/link"_s).isSymLink());
     }
 
 #ifdef Q_OS_UNIX
-    // Parent and child both have the number 1 where namespaces are allowed.
+    // With namespaces of their own, parent and child have the same process id, 1.
     void children()
     {
         const QString own = path("own");
         for (void (*const use)() : {+[] {}, +[] { SFileHelper::deleteNow(); },
-                 +[] { SFileHelper::deleteFileOnExit(string("none")); }})
-            QVERIFY(inChild([&] {
+                 +[] { SFileHelper::deleteFileOnExit("none"_s); }})
+            VERIFY_ALL(inChild([&] {
                 unshare(CLONE_NEWPID);
                 return inChild([&] {
                     QFile(SFileHelper::deleteFileOnExit(own)).open(QFile::WriteOnly);
                     unshare(CLONE_NEWPID);
                     return inChild([&] { return use(), 0; }) == 0 && QFile::exists(own);
                 });
-            }) && !QFile::exists(own));
+            }),
+                !QFile::exists(own));
     }
 #endif
 
@@ -247,7 +272,8 @@ private:
         return m_folder.filePath(QString::fromUtf8(name));
     }
 
-    QTemporaryDir m_folder;
+    // Characters that a shell which makes links could misread.
+    QTemporaryDir m_folder{QDir::temp().filePath("a & b größe-XXXXXX"_s)};
 };
 
 QTEST_GUILESS_MAIN(TestFiles)

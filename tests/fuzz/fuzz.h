@@ -1,7 +1,8 @@
 #pragma once
 
+#include "../laws.h"
+
 #include <QByteArray>
-#include <QLocale>
 #include <QString>
 
 #include <cstdio>
@@ -58,12 +59,7 @@ public:
     }
 
     /// Any that there is.
-    QLocale locale()
-    {
-        static const QList<QLocale> all = QLocale::matchingLocales(
-            QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);
-        return all.at(number<ushort>() % all.size());
-    }
+    QLocale locale() { return everyLocale().at(number<ushort>() % everyLocale().size()); }
 
 private:
     QByteArray m_rest;

@@ -8,30 +8,32 @@
 /// Whatever the index has, the cache works, and nothing is written but its own files.
 int LLVMFuzzerTestOneInput(const uchar *data, std::size_t size)
 {
-    static const QTemporaryDir folder;
-    const QString name = QStringLiteral("cache");
-    const QDir directory(folder.filePath(name));
-    directory.mkpath(QStringLiteral("."));
-    QFile index(directory.filePath(QStringLiteral("index")));
-    check(index.open(QIODevice::WriteOnly));
+    // In memory: a disk would take most of the time.
+    static const QTemporaryDir folder(QStringLiteral("/dev/shm/fuzz-XXXXXX"));
+    static const QString name = QStringLiteral("cache");
+    static const QString path = folder.filePath(name);
+    static const bool isMade = QDir().mkpath(path);
+    check(isMade);
+    QFile index(path + QStringLiteral("/index"));
+    check(index.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
     index.write(reinterpret_cast<const char *>(data), qint64(size));
     index.close();
+    QStringList keys;
     {
         Quorvex::SNvCache cache(name, folder.path());
-        const QStringList keys = cache.keys();
+        keys = cache.keys();
         check(!cache.isNull() && cache.count() == keys.size());
-        for (const QString &key : keys) {
-            const QByteArray value = key.toUtf8() + '.';
-            check(cache.contains(key));
-            check(!cache.insert(key, value) || cache.value(key) == value);
+        for (const QString &key : keys)
+            check(cache.contains(key) && cache.value(key).isEmpty());
+        if (!keys.isEmpty()) {
+            const QString key = keys.constFirst();
+            check(!cache.insert(key, "value") || cache.value(key) == "value");
+            check(cache.remove(key) && !cache.contains(key));
+            cache.clear();
         }
-        if (!keys.isEmpty())
-            check(cache.remove(keys.constFirst()) && !cache.contains(keys.constFirst()));
-        cache.clear();
         check(cache.isEmpty());
     }
     const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
-    check(directory.entryList(all) == QStringList{QStringLiteral("index")});
-    check(QDir(folder.path()).entryList(all) == QStringList{name});
+    check(keys.isEmpty() || QDir(path).entryList(all) == QStringList{QStringLiteral("index")});
     return 0;
 }

@@ -19,8 +19,8 @@ static void makeList(QVariantList *variants)
         variants->append(base.value());
 }
 
-/// Turns a list of another module's list {1, 2} into one of such lists in metadata. The library has
-/// used them all, and types of the plug-in.
+/// Replaces the list {1, 2} of another module by such lists of metadata, after the library has used
+/// all of them, and types of the plug-in.
 extern "C" Q_DECL_EXPORT void makeLists(QVariantList *variants)
 {
     if (SConvert::toString(*variants) != QStringLiteral("[1, 2]")
@@ -58,7 +58,7 @@ extern "C" Q_DECL_EXPORT int useLibrary()
         SConvert::toVersion(QStringLiteral("1.2.3")) == SVersion(1, 2, 3),
         SClassName::displayName(QStringLiteral("SMetaInt32")) == QStringLiteral("Int 32"),
         SCrc32::hash(QByteArray("123456789")) == 0x0376E6E7,
-        // Asking for the number registers the type.
+        // Asking for the type id registers the type.
         static_cast<const SMetaVariant &>(list).value().userType() >= QMetaType::User,
         pool.progress() == 40,
         // Unloading deletes it, or the next round cannot make it.

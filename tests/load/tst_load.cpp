@@ -1,4 +1,4 @@
-#include <QtTest>
+#include "checks.h"
 
 #include <array>
 
@@ -8,7 +8,7 @@
 #include <psapi.h>
 #endif
 
-// The program's own description of one of the library's types.
+// Declared by the program itself, which does not see the library's headers.
 namespace Quorvex {
 enum class SIPrefix : qint32;
 }
@@ -43,7 +43,7 @@ qint64 ownMemory()
     return 0;
 }
 
-/// Whether Qt knows the program's lists of \a T by a number and a description that are theirs.
+/// Whether the meta type of the program's lists of \a T is still that of the program.
 template <typename T>
 bool isKept()
 {
@@ -75,8 +75,7 @@ class TestLoad : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    // Whoever is the first to use a type, the program can go on using it: before, between and
-    // after.
+    // The program can use its types before, between and after loads, whoever used them first.
     void typesOfTheProgram()
     {
         enum { Int8, UInt8, Int16, Single, Double, Size };
@@ -101,27 +100,26 @@ private Q_SLOTS:
             QVERIFY(isWhole<quint8>());
             QCOMPARE(made[Int8].toList(), alive.toList());
             QCOMPARE(made[UInt8].value<QList<quint8>>(), (QList<quint8>{1, 2}));
-            // The program asks for the numbers of lists that the library has made.
+            // The program asks for the type ids of lists that the library has registered.
             QCOMPARE(made[Single].value<QList<float>>(), (QList<float>{1, 2}));
-            QVERIFY(made[Double].toList().size() == 2 && isWhole<float>());
+            VERIFY_ALL(made[Double].toList().size() == 2, isWhole<float>());
             made.clear();
             QVERIFY(modules[round % 2].unload());
-            QVERIFY(isWhole<qint8>() && isWhole<quint8>() && isWhole<float>());
-            QVERIFY(modules[1 - round % 2].unload() && !isLibraryMapped());
+            VERIFY_ALL(isWhole<qint8>(), isWhole<quint8>(), isWhole<float>());
+            VERIFY_ALL(modules[1 - round % 2].unload(), !isLibraryMapped());
 
-            // They take the numbers that are free.
+            // These take the type ids that became free.
             const auto take = []<int... I>(std::integer_sequence<int, I...>)
             {
                 (QMetaType::fromType<std::array<char, I + 1>>().id(), ...);
             };
             take(std::make_integer_sequence<int, 50>());
-            QVERIFY(isWhole<qint8>() && isWhole<quint8>() && isWhole<qint16>() && isWhole<int>());
-            QVERIFY(alive.toList() == (QVariantList{1, 2}) && isKept<float>() && isKept<double>());
+            VERIFY_ALL(isWhole<qint8>(), isWhole<quint8>(), isWhole<qint16>(), isWhole<int>());
+            VERIFY_ALL(alive.toList() == (QVariantList{1, 2}), isKept<float>(), isKept<double>());
             QCOMPARE(QMetaType::fromName(own.name()).iface(), own.iface());
         }
-        // What went was only the way to the elements of the lists that the library was first to
-        // have.
-        QVERIFY(!isWhole<float>() && !isWhole<double>());
+        // Only the iterators of lists that the library registered first are gone.
+        VERIFY_ALL(!isWhole<float>(), !isWhole<double>());
         qRegisterMetaType<QList<float>>("QList<float>");
         QVERIFY(isWhole<float>());
     }

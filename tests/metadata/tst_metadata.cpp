@@ -23,11 +23,11 @@ void holds(const QString &name)
     for (const T value : {Min<T>, T(0), Max<T>}) {
         Scalar scalar(value);
         QCOMPARE(scalar.value(), value);
-        QCOMPARE(scalar.name(), string("SMeta") + name);
+        QCOMPARE(scalar.name(), "SMeta"_s + name);
         List list(value);
         QCOMPARE(list.value(), QList<T>(1, value));
-        QCOMPARE(list.name(), string("SMetaList") + name);
-        QVERIFY(!scalar.isEmpty() && !list.isEmpty() && List(QList<T>()).isEmpty());
+        QCOMPARE(list.name(), "SMetaList"_s + name);
+        VERIFY_ALL(!scalar.isEmpty(), !list.isEmpty(), List(QList<T>()).isEmpty());
     }
 }
 
@@ -64,7 +64,7 @@ public:
     using SMetaKind::SMetaKind;
 };
 
-/// Hears of changes, rejects negative numbers and may hide its values.
+/// Records changes, rejects negative numbers and can hide its values.
 class Owner : public SMetadatable
 {
 public:
@@ -108,15 +108,16 @@ private Q_SLOTS:
             const std::unique_ptr<IMetadata> theirs(makeValue(i));
             const std::unique_ptr<ICloneable> clone(theirs->clone());
             auto *const copy = dynamic_cast<IMetadata *>(clone.get());
-            QVERIFY(copy && copy != theirs.get());
+            VERIFY_ALL(copy, copy != theirs.get());
             for (IMetadata *const value : {ours[i].get(), theirs.get(), copy}) {
                 QVERIFY((casts<ICloneable, IFormattable, IEquatable, IIdentifiable>(value)));
-                QVERIFY(!value->isSameTypeAs(nullptr) && !value->equalsTo(nullptr));
+                VERIFY_ALL(!value->isSameTypeAs(nullptr), !value->equalsTo(nullptr));
                 for (std::size_t k = 0; k < ours.size(); ++k) {
-                    QCOMPARE(value->id() == ours[k]->id(), k == i);
-                    QCOMPARE(value->isSameTypeAs(ours[k].get()), k == i);
-                    QCOMPARE(value->equalsTo(ours[k].get()), k == i);
-                    QCOMPARE(ours[k]->equalsTo(value), k == i);
+                    const QList<bool> same{value->id() == ours[k]->id(),
+                        value->isSameTypeAs(ours[k].get()), value->equalsTo(ours[k].get()),
+                        ours[k]->equalsTo(value)};
+                    COMPARE_ROW(
+                        value->name() + u' ' + ours[k]->name(), same, QList<bool>(4, k == i));
                 }
                 const bool isStamp = dynamic_cast<SMetaDateTime *>(value);
                 QCOMPARE(value->flags(), isStamp ? MetadataFlags::Volatile : MetadataFlags::None);
@@ -130,16 +131,16 @@ private Q_SLOTS:
         FOR_EACH_NUMBER(CHECK_CLASSES)
         QVERIFY(SMetaDouble(0.1 + 0.2) != SMetaDouble(0.3));
         static_assert(!std::is_constructible_v<SMetaBool, const char *>);
-        QCOMPARE(SMetaListInt32({1, -2, 3}).toString(QLocale::c()), string("1, -2, 3"));
-        QCOMPARE(SMetaListDouble({1.5, 2}).toString(QLocale::German), string("1,5; 2"));
-        QCOMPARE(SMetaDouble(0.0001).toString(QLocale::English), string("0.0001"));
+        QCOMPARE(SMetaListInt32({1, -2, 3}).toString(QLocale::c()), "1, -2, 3"_s);
+        QCOMPARE(SMetaListDouble({1.5, 2}).toString(QLocale::German), "1,5; 2"_s);
+        QCOMPARE(SMetaDouble(0.0001).toString(QLocale::English), "0.0001"_s);
         QCOMPARE(SMetaInt32(1e10).value(), Max<int>);
         QCOMPARE(SMetaUInt8(-3.9).value(), quint8(0));
         QCOMPARE(SMetaListInt32({}).size() + SMetaListBool({}).size(), 0);
 
-        // The base can be given what the class does not hold.
+        // Through its base a value can be assigned that the class does not hold.
         SMetaInt32 number(1);
-        static_cast<SMetaVariant &>(number) = Own<SMetaVariant>(string("42"));
+        static_cast<SMetaVariant &>(number) = Own<SMetaVariant>("42"_s);
         QCOMPARE(number.value(), 42);
         static_cast<SMetaVariant &>(number) = Own<SMetaVariant>(-3.9e9);
         QCOMPARE(number.value(), SConvert::toInt32(QVariant(-3.9e9)));
@@ -148,47 +149,46 @@ private Q_SLOTS:
 
     void texts()
     {
-        const std::tuple<QByteArray, QString, QString> rows[] = {
-            {"\xC3\xA9", {}, QStringLiteral(u"\u00E9")},
-            {QByteArray("\xFF\xFE\0", 3), {}, string("Binary data [len: 3 bytes]")},
-            {"a\xC3", {}, string("Binary data [len: 2 bytes]")},
-            {"\xC0\x80", {}, string("Binary data [len: 2 bytes]")},
-            {"\xFF", string("iso-8859-1"), QStringLiteral(u"\u00FF")},
-            {QByteArray("\0a", 2), string("UTF-16BE"), string("a")},
-            {"a", string("no-such"), string("Binary data [len: 1 bytes]")},
-            {QByteArray("\0a\0", 3), string("UTF-16BE"), string("Binary data [len: 3 bytes]")},
-            {QByteArray("\xD8\0\0a", 4), string("UTF-16BE"), string("Binary data [len: 4 bytes]")},
-            {QByteArray("a\0\0", 3), string("UTF-32LE"), string("Binary data [len: 3 bytes]")},
-            {QByteArray("\xFF\xFE\0\0a\0\0\0", 8), string("UTF-32"), string("a")},
-            {QByteArray("\x3D\xD8\0\0\0\xDE\0\0", 8), string("UTF-32LE"),
-                string("Binary data [len: 8 bytes]")},
-        };
-        for (const auto &[bytes, encoding, text] : rows)
-            QCOMPARE(Own<SMetaByteArray>(bytes).toString(encoding), text);
-        Own<SMetaJsonDocument> json(QJsonDocument(QJsonObject{{string("a"), 1}}));
+        // Null stands for bytes that are no text.
+        const std::tuple<QByteArray, const char *, const char *> rows[] = {
+            {"\xC3\xA9", "", "\u00E9"}, {QByteArray("\xFF\xFE\0", 3), "", nullptr},
+            {"a\xC3", "", nullptr}, {"\xC0\x80", "", nullptr}, {"\xFF", "iso-8859-1", "\u00FF"},
+            {QByteArray("\0a", 2), "UTF-16BE", "a"}, {"a", "no-such", nullptr},
+            {QByteArray("\0a\0", 3), "UTF-16BE", nullptr},
+            {QByteArray("\xD8\0\0a", 4), "UTF-16BE", nullptr},
+            {QByteArray("a\0\0", 3), "UTF-32LE", nullptr},
+            {QByteArray("\xFF\xFE\0\0a\0\0\0", 8), "UTF-32", "a"},
+            {QByteArray("\x3D\xD8\0\0\0\xDE\0\0", 8), "UTF-32LE", nullptr}};
+        for (const auto &[bytes, encoding, text] : rows) {
+            const QString binary = "Binary data [len: %1 bytes]"_s.arg(bytes.size());
+            COMPARE_ROW(bytes.toHex() + encoding,
+                Own<SMetaByteArray>(bytes).toString(string(encoding)),
+                text ? string(text) : binary);
+        }
+        Own<SMetaJsonDocument> json(QJsonDocument(QJsonObject{{"a"_s, 1}}));
         for (const char *format : {"{other}", " {indent} "})
-            QCOMPARE(json.toString(string(format)), string("{\"a\":1}"));
+            QCOMPARE(json.toString(string(format)), "{\"a\":1}"_s);
         for (const char *format : {"{indent}", "{json:indent}"})
             QVERIFY(json.toString(string(format)).contains(QLatin1Char('\n')));
 
         Own<SMetaByteArray> bytes{QByteArray()};
-        QVERIFY(bytes.isNull() && bytes.isEmpty() && Own<SMetaByteArray>("").isEmpty());
+        VERIFY_ALL(bytes.isNull(), bytes.isEmpty(), Own<SMetaByteArray>("").isEmpty());
         Own<SMetaJsonDocument> none{QJsonDocument()};
-        QVERIFY(none.isNull() && none.isEmpty() && !json.isNull() && !json.isEmpty());
-        QCOMPARE(bytes.name() + none.name(), string("SMetaByteArraySMetaJsonDocument"));
-        QVERIFY(Own<SMetaString>(QString()).isNull() && Own<SMetaString>(string("")).isEmpty());
-        QCOMPARE(Own<SMetaString>(string("a")).toString(), string("a"));
+        VERIFY_ALL(none.isNull(), none.isEmpty(), !json.isNull(), !json.isEmpty());
+        QCOMPARE(bytes.name() + none.name(), "SMetaByteArraySMetaJsonDocument"_s);
+        VERIFY_ALL(Own<SMetaString>(QString()).isNull(), Own<SMetaString>(""_s).isEmpty());
+        QCOMPARE(Own<SMetaString>("a"_s).toString(), "a"_s);
         const QDateTime noon(QDate(2024, 2, 29), QTime(12, 0), Qt::OffsetFromUTC, 3600);
-        QCOMPARE(Own<SMetaDateTime>(noon).toString(string("HH:mm")),
-            noon.toLocalTime().toString(string("HH:mm")));
+        QCOMPARE(
+            Own<SMetaDateTime>(noon).toString("HH:mm"_s), noon.toLocalTime().toString("HH:mm"_s));
         QVERIFY(Own<SMetaDateTime>(QDateTime(QDate(2023, 2, 29), QTime(12, 0))).isEmpty());
     }
 
     void refusesNullAndKeepsNaN()
     {
         Owner owner;
-        QVERIFY(!owner.setMetadata(nullptr, true) && !owner.setMetadata(nullptr, false));
-        // Such a value is not even equal to itself.
+        VERIFY_ALL(!owner.setMetadata(nullptr, true), !owner.setMetadata(nullptr, false));
+        // NaN is not equal to itself.
         auto *const nan = new SMetaDouble(std::numeric_limits<double>::quiet_NaN());
         for (const bool takeOwnership : {true, true, false})
             QVERIFY(owner.setMetadata(nan, takeOwnership));
@@ -196,7 +196,7 @@ private Q_SLOTS:
         Counted negative(1, -1);
         owner.copyMetadata({nan, nullptr, &negative, nan}, MetadataFlags::None);
         QCOMPARE(owner.metadataCount(), 1);
-        QVERIFY(owner == owner && owner != Owner(owner));
+        VERIFY_ALL(owner == owner, owner != Owner(owner));
     }
 
     void masks()
@@ -220,13 +220,13 @@ private Q_SLOTS:
         all.setMetadata(new Counted(2, 1), true);
         auto *const source = static_cast<Interfaces::IMetadatable *>(&all);
         SMetadatable copy(source);
-        QVERIFY(copy == all && copy.metadata(1) != all.metadata(1));
+        VERIFY_ALL(copy == all, copy.metadata(1) != all.metadata(1));
         copy = static_cast<Interfaces::IMetadatable *>(&copy);
         QVERIFY(copy == all);
         copy.removeMetadata(1);
-        QVERIFY(copy != all && all != copy && !copy.hasMetadata(1) && copy.hasMetadata(2));
+        VERIFY_ALL(copy != all, all != copy, !copy.hasMetadata(1), copy.hasMetadata(2));
         copy.setMetadata(new Counted(3, -1), true); // As many values, but of other kinds.
-        QVERIFY(copy != all && all != copy);
+        VERIFY_ALL(copy != all, all != copy);
 
         Owner owner; // A derived class narrows what it takes.
         owner = source;
@@ -267,13 +267,12 @@ private Q_SLOTS:
         QVERIFY(width);
         QVERIFY(!copy.metadata<SMetaBool>());
         // A constant value has what the interfaces declare without const.
-        QCOMPARE(width->name() + width->displayName(), string("WidthWidth"));
-        QCOMPARE(width->toString() + width->toString(QLocale::c()), string("22"));
+        QCOMPARE(width->name() + width->displayName(), "WidthWidth"_s);
+        QCOMPARE(width->toString() + width->toString(QLocale::c()), "22"_s);
         QCOMPARE(width->flags(), MetadataFlags::None);
     }
 
-    // Thousands of random operations beside a plain model; after each, exactly those live that
-    // should.
+    // Random operations beside a plain model: after each, exactly the values of the model exist.
     void ownershipIsExact()
     {
         struct Slot

@@ -2,6 +2,8 @@
 
 #include <tavex/numeric/srandom_p.h>
 
+#include <QtEndian>
+
 #include <numeric>
 #include <random>
 
@@ -40,7 +42,7 @@ private Q_SLOTS:
         for (quint64 state = 0; state <= 0xFFFFFFFF; state += 16381) {
             SRandom step{uint(state)};
             const uint expected = schrage(uint(state));
-            QVERIFY(uint(step.next()) == expected && step == SRandom(expected));
+            VERIFY_ALL(uint(step.next()) == expected, step == SRandom(expected));
         }
     }
 
@@ -58,8 +60,7 @@ private Q_SLOTS:
             QByteArray expected(4 * Count, '\0');
             for (qsizetype i = 0; i < Count; ++i) {
                 states.append(schrage(states.at(i)));
-                for (int byte = 0; byte < 4; ++byte)
-                    expected[4 * i + byte] = char(states.at(i + 1) >> 8 * byte);
+                qToLittleEndian(states.at(i + 1), expected.data() + 4 * i);
             }
             for (qsizetype size = 0; size <= Count; ++size) {
                 const auto check = [&](auto array, double unit) {
@@ -80,7 +81,7 @@ private Q_SLOTS:
                     if (seed % Modulus == 0)
                         break;
                     const qsizetype count = fill(state, bytes.data() + 1, size);
-                    QVERIFY(count <= size && size - count < 64 && state == states.at(count));
+                    VERIFY_ALL(count <= size, size - count < 64, state == states.at(count));
                     QVERIFY(bytes.mid(1, 4 * count) == expected.left(4 * count));
                 }
             }
@@ -89,7 +90,7 @@ private Q_SLOTS:
                 const qsizetype start = 1 + size * 7 % 64;
                 SRandom::fillData(bytes.data() + start, size, seed);
                 QVERIFY(bytes.mid(start, size) == expected.left(size));
-                QVERIFY(bytes.at(start - 1) == 'x' && bytes.at(start + size) == 'x');
+                VERIFY_ALL(bytes.at(start - 1) == 'x', bytes.at(start + size) == 'x');
             }
         }
         const QList<int> copy(5);
@@ -110,14 +111,12 @@ private Q_SLOTS:
             const qsizetype size = bytes.size() - start - 3;
             SRandom::fillData(bytes.data() + start, size, 77);
             SRandom random(77);
-            bool right = true;
-            int value = 0;
-            for (qsizetype i = 0; i < size; ++i) {
-                if (i % 4 == 0)
-                    value = random.next();
-                right = right && bytes.at(start + i) == char(value >> 8 * (i % 4));
-            }
-            QVERIFY(right && bytes.endsWith("xxx"));
+            QByteArray expected(size + 4, 'x');
+            for (qsizetype i = 0; i < size; i += 4)
+                qToLittleEndian(random.next(), expected.data() + i);
+            expected.resize(size);
+            QVERIFY2(bytes.mid(start, size) == expected, QByteArray::number(start));
+            QVERIFY(bytes.endsWith("xxx"));
         }
     }
 

@@ -16,11 +16,8 @@ static void fill(const QTemporaryDir &root, const QList<File> &files)
     for (const auto &[name, text] : files) {
         const QString path = root.path() + string(name);
         QVERIFY(QDir().mkpath(QFileInfo(path).path()));
-        QFile file(path);
-        if (text.startsWith("->"))
-            QVERIFY(QFile::link(string(text.mid(2)), path));
-        else
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
+        const bool isLink = text.startsWith("->");
+        QVERIFY2(isLink ? QFile::link(string(text.mid(2)), path) : putFile(path, text), name);
     }
 }
 
@@ -29,55 +26,28 @@ class TestProcfs : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    // Each row of the file is a name, the processors and the memory that the limits leave, and then
+    // the lines of a root's files.
     void controlGroups()
     {
-        const auto row = [](const char *name, int processors, const QByteArray &mountinfo,
-                             const QByteArray &cgroup, const QList<File> &limits,
-                             qint64 memory = 0) {
+        const QString rows = string(contentOf(QFINDTESTDATA("controlgroups.txt"))).trimmed();
+        for (const QString &row : rows.split("\n\n"_s)) {
+            const QStringList lines = row.split(u'\n');
+            const QStringList head = lines.at(0).split(" | "_s);
             const QTemporaryDir root;
-            fill(root, {{"/proc/self/mountinfo", mountinfo}, {"/proc/self/cgroup", cgroup}});
-            fill(root, limits);
-            QVERIFY2(ProcFs::controlGroupProcessors(root.path()) == processors, name);
-            QVERIFY2(ProcFs::controlGroupMemory(root.path()) == memory, name);
-        };
-        row("nothing", 0, {}, {}, {});
-        row("damaged", 0, "1 2 - x\n- - -\n", "::\n:\n0:cpu\n1:cpu:/a\n0::\n", {});
-
-        const QByteArray mount2 = "30 23 0:26 / /cg rw shared:4 - cgroup2 cgroup2 rw\n";
-        const auto version2 = [&](const char *name, int processors, const QByteArray &own,
-                                  const QByteArray &above = {}, const QByteArray &top = {}) {
-            row(name, processors, mount2, "0::/a/b\n",
-                {{"/cg/a/b/cpu.max", own}, {"/cg/a/cpu.max", above}, {"/cg/cpu.max", top}});
-        };
-        version2("rounded up", 3, "200001 100000\n");
-        version2("group above", 3, "800000 100000\n", "300000 100000\n");
-        version2("top", 5, "max 100000", "", "500000 100000\n");
-        version2("period 0", 0, "200000 0\n");
-        version2("huge", 2147483647, "9223372036854775807 1");
-        version2("damaged limits", 0, "x\ny", " ");
-        row("namespace on the mount of another", 2,
-            "30 23 0:26 /../.. /cg rw shared:4 - cgroup2 cgroup2 rw\n", "0::/x\n",
-            {{"/cg/a/b/x/cgroup.procs", "1\n"}, {"/cg/a/b/x/cpu.max", "1 1"},
-                {"/cg/a/c/x/cgroup.procs", "1\n" + QByteArray::number(getpid()) + "\n"},
-                {"/cg/a/c/x/cpu.max", "200000 100000"}, {"/cg/a/c/x/memory.max", "max\n"},
-                {"/cg/a/memory.max", "4096\n"}, {"/cg/memory.max", "8192"}},
-            4096);
-        row("outside the namespace", 4, mount2, "0::/../x\n", {{"/cg/cpu.max", "400000 100000"}});
-
-        const auto version1 = [&](const char *name, int processors, const QByteArray &group,
-                                  const QByteArray &folder, const QByteArray &quota) {
-            row(name, processors,
-                "33 31 0:30 / /cg/memory rw - cgroup cgroup rw,memory\n"
-                "32 31 0:29 /docker/x /cg/cpu\\040a rw - cgroup cgroup rw,cpu,cpuacct\n",
-                "3:memory:/m\n1:cpu,cpuacct:" + group + "\n0::/\n",
-                {{folder + "/cpu.cfs_period_us", "50000\n"}, {folder + "/cpu.cfs_quota_us", quota},
-                    {"/cg/memory/m/memory.limit_in_bytes", "18446744073709551615\n"},
-                    {"/cg/memory/memory.limit_in_bytes", "9223372036854771712\n"}},
-                9223372036854771712);
-        };
-        version1("v1", 2, "/docker/x/y", "/cg/cpu a/y", "75000\n");
-        version1("v1 without limit", 0, "/docker/x/y", "/cg/cpu a/y", "-1\n");
-        version1("v1 of another container", 6, "/docker/xy", "/cg/cpu a", "300000\n");
+            QMap<QByteArray, QByteArray> files;
+            for (const QString &line : lines.mid(1)) {
+                const QString text =
+                    line.section(": "_s, 1).replace("PID"_s, QString::number(getpid()));
+                files[line.section(": "_s, 0, 0).toLatin1()] += text.toLatin1() + '\n';
+            }
+            for (const auto &[name, text] : files.toStdMap())
+                fill(root, {{name, text}});
+            COMPARE_ROW(head.at(0), QString::number(ProcFs::controlGroupProcessors(root.path())),
+                head.at(1));
+            COMPARE_ROW(
+                head.at(0), QString::number(ProcFs::controlGroupMemory(root.path())), head.at(2));
+        }
     }
 
     // The count follows the mask of the process, but is taken before a thread confines itself.
@@ -108,7 +78,7 @@ private Q_SLOTS:
         }
         fill(root, files);
         const auto [packages, cores] = ProcFs::topology(root.path());
-        QVERIFY(packages == 2 && cores == 4);
+        VERIFY_ALL(packages == 2, cores == 4);
     }
 
     void memoryAndMounts()
@@ -128,16 +98,16 @@ private Q_SLOTS:
                 {"/proc/self/status", "Name:\tx\nVmRSS:\t    2136 kB\nRssAnon:\t 144 kB\n"},
                 {"/proc/self/mountinfo", mounted}});
         const auto [total, available, processUse] = ProcFs::memory(root.path());
-        QVERIFY(total == 25276510208 && available == 7168 && processUse == 2187264);
+        VERIFY_ALL(total == 25276510208, available == 7168, processUse == 2187264);
         QStringList listed;
         for (const auto &mount : ProcFs::storageMounts(ProcFs::mounts(root.path())))
             listed += mount.point + string(mount.isLocal ? " " : " far ") + mount.type + u' '
                 + mount.source;
         QCOMPARE(listed.join(u'\n'),
-            string("/ ext4 /dev/vda\n/devs tmpfs tmp\\04\n/x fuseblk /dev/sde\n"
-                   "/mnt xfs /dev/sda2\n/mnt/a b\\c far nfs4 host:/export\n"
-                   "/mnt/a b\\c/in far ext4 /dev/sdb"));
-        QVERIFY(ProcFs::mounts(root.path() + string("/none")).isEmpty());
+            "/ ext4 /dev/vda\n/devs tmpfs tmp\\04\n/x fuseblk /dev/sde\n"
+            "/mnt xfs /dev/sda2\n/mnt/a b\\c far nfs4 host:/export\n"
+            "/mnt/a b\\c/in far ext4 /dev/sdb"_s);
+        QVERIFY(ProcFs::mounts(root.path() + "/none"_s).isEmpty());
     }
 
     // The mount that does not answer is a folder here: what lies in it must not be looked at.
@@ -190,7 +160,7 @@ private Q_SLOTS:
         for (const char *name : {"", "/x/../y"}) {
             SStorageInfo info(folder.path() + string(name));
             QCOMPARE(info.rootPath(), folder.path());
-            QVERIFY(!info.isLocal() && !info.eject() && !SDir(info.path()).isLocal());
+            VERIFY_ALL(!info.isLocal(), !info.eject(), !SDir(info.path()).isLocal());
         }
         alarm(0);
         close(device);

@@ -1,7 +1,7 @@
 #include <tavex/application/s3rdparty.h>
 
 #include <tavex/convert/sconvert.h>
-#include <tavex/core/lasting_p.h>
+#include <tavex/core/startup_p.h>
 
 #include <QCoreApplication>
 #include <QFile>
@@ -23,7 +23,7 @@ struct Module
     SVersion version;
 };
 
-/// The threads share no list that one of them could write into, only texts.
+/// A std::vector, because threads get copies, and copies of a QList would share their memory.
 using Modules = std::vector<Module>;
 
 struct Registry

@@ -8,14 +8,14 @@
 
 namespace Quorvex {
 
-/// The outside components that an application is built with, and their licences. Qt is registered
-/// from load on. All members may be called from any thread.
+/// The outside components that an application is built with, and their licences. The library
+/// registers Qt when it is loaded. All members may be called from any thread.
 class TAVEX_EXPORT S3rdParty
 {
 public:
-    /// Registers the component \a name, whose licence text is the file or resource \a licensePath,
-    /// with its web site and version, in place of what was registered under that name. An empty
-    /// name is ignored.
+    /// Registers the component \a name with its web site, version and the path of its licence text,
+    /// a file or a resource. Replaces what was registered under that name. An empty name is
+    /// ignored.
     static void registerModule(const QString &name, const QString &licensePath, const QString &site,
         const SVersion &version);
 
@@ -36,9 +36,10 @@ public:
     [[nodiscard]] static QString qtSite();
 
     /// A page that lists all components with their licence texts: one HTML document that needs no
-    /// other file, in the language of the installed translators, which it names. Licence texts are
-    /// read as UTF-8 when this is called, without control characters; a link with the first line,
-    /// shortened, leads to each. For one that cannot be read or is blank the page says so.
+    /// other file, in the language of the installed translators, which its lang attribute names.
+    /// Licence texts are read as UTF-8 when this is called, and control characters are left out.
+    /// The link to a licence is its first line, shortened. If a licence cannot be read or is blank,
+    /// the page says so.
     [[nodiscard]] static QString legalInformation();
 };
 

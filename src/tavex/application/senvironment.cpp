@@ -18,7 +18,7 @@ namespace {
 
 std::optional<QStandardPaths::StandardLocation> standardLocation(SpecialFolder folder)
 {
-    // No larger number may become that type. Up to here it may be a location of a newer Qt.
+    // The largest number that Qt's enumeration can hold; a newer Qt may have given it a meaning.
     constexpr int Last = 31;
     const int value = static_cast<int>(folder);
     if (value < 0 || value > Last)
@@ -33,6 +33,11 @@ QString standardFolder(QStandardPaths::StandardLocation location, bool writable)
             : QStandardPaths::standardLocations(location).value(0));
 }
 
+QString windowsFolder(Platform::WindowsText text)
+{
+    return QDir::fromNativeSeparators(Platform::windowsText(text));
+}
+
 } // namespace
 
 QString SEnvironment::getFolder(SpecialFolder folder, bool writable)
@@ -45,7 +50,7 @@ QString SEnvironment::getFolder(SpecialFolder folder, bool writable)
     case SpecialFolder::RootLocation:
         return writable ? QString() : QDir::rootPath();
     case SpecialFolder::CommonDataLocation: {
-        QString path = QDir::fromNativeSeparators(Platform::commonDataFolder());
+        QString path = windowsFolder(Platform::WindowsText::CommonDataFolder);
         if (path.isEmpty() || (writable && !QFileInfo(path).isWritable()))
             return getFolder(SpecialFolder::GenericDataLocation, writable);
         return path;
@@ -71,12 +76,12 @@ QString SEnvironment::getFolderDisplayName(SpecialFolder folder)
 
 QString SEnvironment::commonApplicationDataFolderLegacy()
 {
-    return QDir::fromNativeSeparators(Platform::commonApplicationDataText());
+    return windowsFolder(Platform::WindowsText::CommonAppData);
 }
 
 QString SEnvironment::localApplicationDataFolderLegacy()
 {
-    return QDir::fromNativeSeparators(Platform::localApplicationDataText());
+    return windowsFolder(Platform::WindowsText::LocalAppData);
 }
 
 QString SEnvironment::userName()

@@ -11,22 +11,22 @@ namespace Quorvex {
 /// The environment that the application runs in: special folders, user, line endings, versions of
 /// Qt, and names for temporary files.
 ///
-/// Folders have "/" as separator. Otherwise they are as Qt and the environment's variables have
-/// them: a link may stand before a "..", and "/" at the end. All members may be called from any
-/// thread, but not while another changes the environment's variables.
+/// Folders have "/" as separator and are otherwise as Qt or an environment variable has them: they
+/// are not cleaned, since a link may stand before a "..", and may end in "/". All members may be
+/// called from any thread, but not while another changes environment variables.
 class TAVEX_EXPORT SEnvironment
 {
 public:
     /// The path of \a folder: with \a writable the one to write to, otherwise the first one to look
-    /// in, which is the same for most. Empty where there is none and for an unknown value. No
-    /// folder is made, and of all only TempLocation is known to exist.
+    /// in, which mostly is the same. Empty if there is none, and for an unknown value. No folder is
+    /// created, and only TempLocation is sure to exist.
     ///
-    /// Values below 100 are those of QStandardPaths, but under Linux TempLocation is the first of
-    /// the variable TMPDIR, "/tmp" and "/var/tmp" that is absolute and a folder, and
-    /// RuntimeLocation is empty where another user could enter the folder. Then there are:
+    /// Values below 100 are those of QStandardPaths, with two differences under Linux: TempLocation
+    /// is the first of the variable TMPDIR, "/tmp" and "/var/tmp" that is absolute and a folder,
+    /// and RuntimeLocation is empty if another user could enter the folder. The others are:
     /// - RootLocation: empty with \a writable;
-    /// - CommonDataLocation: GenericDataLocation in its place where the system has no such folder,
-    ///   or with \a writable where the user may not write to it;
+    /// - CommonDataLocation: the same as GenericDataLocation if the system has no such folder, or
+    ///   with \a writable if the user may not write to it;
     /// - ColorFolder: \a writable changes nothing; under Linux the folder "color/icc" below the
     ///   first data folder that has one.
     [[nodiscard]] static QString getFolder(SpecialFolder folder, bool writable);

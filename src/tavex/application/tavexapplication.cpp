@@ -3,8 +3,9 @@
 #include <tavex/application/senvironment.h>
 #include <tavex/convert/slocale.h>
 #include <tavex/core/defaultlocale_p.h>
-#include <tavex/core/lasting_p.h>
 #include <tavex/core/spointer.h>
+#include <tavex/core/startup_p.h>
+#include <tavex/enums/enumtranslators_p.h>
 
 #include <QCoreApplication>
 #include <QDate>
@@ -36,14 +37,11 @@ Identity &identity()
     return identity.get();
 }
 
-/// What is registered and made. Nothing is loaded under its mutex, so that who registers does not
-/// wait for a loader, which might wait for it.
+/// Nothing is loaded under its mutex: a thread that registers a catalogue must not wait for a
+/// loader, which might wait for that thread.
 struct Registration
 {
-    // Made first, it is there when the last translator leaves the registration.
-    std::recursive_mutex &load = loadLock();
     std::mutex mutex;
-    QList<SEnumTranslatorBase *> enumTranslators;
     QStringList catalogues;
     SPointerList<QTranslator> translators;
 };
@@ -55,21 +53,19 @@ QString unifiedSeparators(QString path)
     return path.replace(QDir::separator(), QLatin1Char('/'));
 }
 
-QString catalogueFile(const QString &name, const QLocale &locale)
-{
-    return name + QLatin1Char('_') + SLocale::name(locale);
-}
-
-/// Loads the catalogue \a file into \a translator from the first of \a folders that has it.
-bool loadFrom(QTranslator &translator, const QString &file, const QStringList &folders)
-{
-    if (file.contains(QChar::Null))
-        return false;
-    return std::ranges::any_of(folders,
-        [&](const QString &folder) { return !folder.isEmpty() && translator.load(file, folder); });
-}
-
 } // namespace
+
+bool loadCatalogue(
+    QTranslator &translator, const QString &name, const QLocale &locale, const QStringList &folders)
+{
+    const QString file = name + QLatin1Char('_') + SLocale::name(locale);
+    const auto isLoaded = [&](const QString &folder) {
+        // Of a name with a null Qt would only log that it cannot be.
+        return !folder.isEmpty() && !(folder + file).contains(QChar::Null)
+            && translator.load(file, folder);
+    };
+    return std::ranges::any_of(folders, isLoaded);
+}
 
 void TavexApplication::infoRegister(const QString &applicationName, const QString &organizationName,
     const QString &applicationVersion, const QString &build, const QString &commit)
@@ -118,7 +114,7 @@ void TavexApplication::setLicenseKey(const QString &key)
 
 QString TavexApplication::applicationFolder()
 {
-    // Qt logs that there is no application.
+    // Without an application Qt would log that there is none.
     return QCoreApplication::instance() ? unifiedSeparators(QCoreApplication::applicationDirPath())
                                         : QString();
 }
@@ -171,25 +167,13 @@ QString TavexApplication::flagIconName(const QLocale &locale)
 
 void TavexApplication::init(const QLocale &locale)
 {
-    Registration &r = registration.get();
-    const std::scoped_lock loading(r.load);
+    const std::scoped_lock loading(loadLock());
     keepDefaultLocaleAtExit();
     keepDefaultLocale();
     QLocale::setDefault(locale);
+    EnumTranslators::loadAll(locale);
 
-    // Translators come and go while others load.
-    QSet<SEnumTranslatorBase *> loaded;
-    const auto next = [&]() -> SEnumTranslatorBase * {
-        const std::scoped_lock lock(r.mutex);
-        const auto found = std::ranges::find_if_not(
-            r.enumTranslators, [&](auto *translator) { return loaded.contains(translator); });
-        return found == r.enumTranslators.end() ? nullptr : *found;
-    };
-    while (SEnumTranslatorBase *const translator = next()) {
-        loaded.insert(translator);
-        translator->load(locale, catalogueFolder());
-    }
-
+    Registration &r = registration.get();
     std::vector<std::unique_ptr<QTranslator>> made;
     const auto make = [&made] { return made.emplace_back(std::make_unique<QTranslator>()).get(); };
     for (const QString &name : qtTranslatorNames())
@@ -214,37 +198,13 @@ void TavexApplication::translationRegister(const QString &name)
 
 void TavexApplication::translationRegister(SEnumTranslatorBase *translator)
 {
-    if (!translator)
-        return;
-    Registration &r = registration.get();
-    const QString name = translator->name();
-    {
-        const std::scoped_lock lock(r.mutex);
-        if (r.enumTranslators.contains(translator))
-            return;
-        translator->setRegistered(name);
-        r.enumTranslators.append(translator);
-    }
-    translator->loadFirst(SEnumTranslatorBase::FirstLoad::UnlessBusy);
-}
-
-void TavexApplication::translationUnregister(SEnumTranslatorBase *translator)
-{
-    Registration *const r = registration.peek();
-    if (!r)
-        return; // The library is being unloaded.
-    const std::scoped_lock lock(r->load, r->mutex);
-    r->enumTranslators.removeOne(translator);
-}
-
-QString TavexApplication::catalogueFolder()
-{
-    return QStringLiteral(":/translations");
+    if (translator)
+        EnumTranslators::add(translator);
 }
 
 QStringList TavexApplication::translationPaths()
 {
-    QStringList folders{QStringLiteral(":/"), catalogueFolder()};
+    QStringList folders{QStringLiteral(":/"), EnumTranslators::folder()};
     const QString folder = applicationFolder();
     if (!folder.isEmpty())
         folders = QStringList{folder, folder + QStringLiteral("/translations")} + folders;
@@ -255,7 +215,7 @@ bool TavexApplication::translationLoad(
     QTranslator *translator, const QString &name, const QLocale &locale)
 {
     return translator && !name.isEmpty()
-        && loadFrom(*translator, catalogueFile(name, locale), translationPaths());
+        && loadCatalogue(*translator, name, locale, translationPaths());
 }
 
 bool TavexApplication::qtTranslationLoad(
@@ -264,7 +224,7 @@ bool TavexApplication::qtTranslationLoad(
     if (!translator)
         return false;
     const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    return loadFrom(*translator, catalogueFile(name, locale), {folder})
+    return loadCatalogue(*translator, name, locale, {folder})
         || translationLoad(translator, name, locale);
 }
 
@@ -282,7 +242,7 @@ QList<QLocale::Language> TavexApplication::translationList(const QString &name)
         const QLocale locale(QLocale::Language(value), QLocale::AnyScript, QLocale::AnyTerritory);
         // Languages that Qt has no data for come back as another one.
         if (!languages.contains(locale.language())
-            && loadFrom(translator, catalogueFile(name, locale), folders))
+            && loadCatalogue(translator, name, locale, folders))
             languages.insert(locale.language());
     }
     return languages.values();
@@ -318,11 +278,11 @@ void TavexApplication::reboot(int exitCode)
     const QMetaObject::Connection atQuit = QObject::connect(application,
         &QCoreApplication::aboutToQuit, application, &TavexApplication::restart,
         static_cast<Qt::ConnectionType>(Qt::DirectConnection | Qt::SingleShotConnection));
-    // Without an event loop nothing quits, though newer Qt would emit the signal.
+    // Without an event loop there is nothing to quit, but a newer Qt would emit the signal at once.
     if (application->thread()->loopLevel() == 0)
         return;
     QCoreApplication::exit(exitCode);
-    // From 6.5 on it comes within exit(), but only within the first call, even of someone else.
+    // From 6.5 on, the first exit() of the event loop emits the signal, and this was a later one.
     if (QLibraryInfo::version() >= QVersionNumber(6, 5) && QObject::disconnect(atQuit))
         restart();
 }

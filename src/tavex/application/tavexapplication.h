@@ -1,7 +1,7 @@
 #pragma once
 
-#include <tavex/application/senumtranslatorbase.h>
 #include <tavex/core/export.h>
+#include <tavex/enums/senumtranslatorbase.h>
 
 #include <QList>
 #include <QLocale>
@@ -20,9 +20,8 @@ namespace Quorvex {
 ///
 /// init(), translationRegister() and translations() may be called from any thread, also by a
 /// runtime loader that init() calls. The other members take no lock: set the identity and the
-/// licence key before other threads read them. Qt asks for the same of the default locale, which
-/// init() sets: while other threads use the default locale, without an own one in their calls, it
-/// should not change.
+/// licence key before other threads read them. init() sets Qt's default locale, which has no lock
+/// either: other threads that may run at the same time should pass a locale in their calls.
 class TAVEX_EXPORT TavexApplication
 {
 public:
@@ -31,8 +30,8 @@ public:
     static void infoRegister(const QString &applicationName, const QString &organizationName,
         const QString &applicationVersion, const QString &build, const QString &commit);
 
-    /// What infoRegister() was given. The names and the version are those of QCoreApplication,
-    /// wherever they were set.
+    /// What infoRegister() was given. Names and version are those of QCoreApplication, which may
+    /// also be set there.
     /// @{
     [[nodiscard]] static QString applicationName();
     [[nodiscard]] static QString organizationName();
@@ -63,9 +62,9 @@ public:
     static QString commonApplicationDataFolder(bool common, bool writable = true);
     /// @}
 
-    /// "Copyright 2020-2026 Organisation.", to the current year, with the first word in the
-    /// language of the installed translators. Without \a firstYear (less than 1), the current year
-    /// alone.
+    /// "Copyright 2020-2026 Organisation.", with the current year as the last, and the first word
+    /// in the language of the installed translators. Without \a firstYear (less than 1), only the
+    /// current year is named.
     [[nodiscard]] static QString copyrightString(int firstYear = 0);
 
     /// The resource path of the flag of the territory of \a locale, ":/flags/svg/de.svg"; for
@@ -75,17 +74,17 @@ public:
 
     /// Makes \a locale the default locale, loads every registered enumeration translator for it,
     /// and makes and loads a translator for Qt's own texts and for each registered catalogue. A
-    /// catalogue that is missing leaves its translator empty. A further call adds new translators;
-    /// the earlier ones stay alive and as they are. Waits for other threads that load.
+    /// catalogue that is missing leaves its translator empty. Another call adds new translators and
+    /// leaves the earlier ones as they are. Waits for other threads that load.
     static void init(const QLocale &locale);
 
     /// Registers the catalogue base name \a name, to be loaded by the next init().
     static void translationRegister(const QString &name);
 
-    /// Registers \a translator and loads it for the default locale; while another thread loads, it
-    /// is not waited for, and the translator is loaded by that or when it is first used. It is not
-    /// owned and leaves the registration when it is destroyed. Null, and one that is registered
-    /// already, are ignored.
+    /// Registers \a translator and loads it for the default locale. If another thread is loading,
+    /// this does not wait: the translator is loaded by that thread, or at its first use. The
+    /// library does not own it; its destructor takes it out of the registration. Null, and a
+    /// translator that is registered already, are ignored.
     static void translationRegister(SEnumTranslatorBase *translator);
 
     /// Where catalogues are searched, in this order: the application's folder, its subfolder
@@ -95,8 +94,8 @@ public:
 
     /// Loads the catalogue \a name for \a locale from the first of translationPaths() that has it,
     /// as QTranslator::load() looks for it: "tavex_de_DE.qm", then "tavex_de.qm". False if none has
-    /// it, if \a name is empty, or if \a translator is null. What a damaged file leads to is not
-    /// defined: Qt trusts what is in a catalogue.
+    /// it, if \a name is empty, or if \a translator is null. Qt does not check what is in a
+    /// catalogue: a damaged file may crash the program.
     static bool translationLoad(
         QTranslator *translator, const QString &name, const QLocale &locale);
 
@@ -113,21 +112,17 @@ public:
     /// The translators that init() made, in order. The library keeps them until it is unloaded.
     [[nodiscard]] static QList<QTranslator *> translations();
 
-    /// Starts the program once more, detached, with the arguments and in the folder of the program
-    /// file. This process goes on. Whether the start succeeds is not told. Without an application
-    /// nothing happens.
+    /// Starts the program once more, detached, with the same arguments, in the folder of the
+    /// program file. This process goes on, and is not told whether the start succeeded. Without an
+    /// application nothing happens.
     static void restart();
 
-    /// Ends the event loop with \a exitCode and starts the program once more while it quits;
-    /// twice, if called twice. Before there is an event loop, the program starts once more when one
-    /// has ended. To be called on the application's thread, but not by a slot of aboutToQuit(),
-    /// where restart() does it; without an application nothing happens.
+    /// Ends the event loop with \a exitCode and starts the program once more when the application
+    /// quits; called twice, it starts the program twice. Called before there is an event loop, it
+    /// starts the program when that loop ends. Call it on the application's thread, but not from a
+    /// slot of aboutToQuit(), where restart() is the right one. Without an application nothing
+    /// happens.
     static void reboot(int exitCode = 0);
-
-private:
-    friend SEnumTranslatorBase;
-    static void translationUnregister(SEnumTranslatorBase *translator);
-    static QString catalogueFolder();
 };
 
 } // namespace Quorvex

@@ -7,6 +7,7 @@
 #include <QCryptographicHash>
 #include <QDataStream>
 #include <QFile>
+#include <QHash>
 #include <QStringBuilder>
 #include <QUuid>
 
@@ -17,173 +18,157 @@ constexpr int StreamVersion = QDataStream::Qt_5_6;
 constexpr quint64 ChunkSize = 32768;
 constexpr QUuid Magic(0xc0e6a09c, 0xc943, 0x4039, 0x94, 0xb5, 0xcc, 0xae, 0xe6, 0x0e, 0x32, 0xe8);
 
-/// What devices and objects are written to. It remembers a failure that they may overlook: QFile
-/// itself forgets it at the next write.
+/// The file that devices and objects are written to. It remembers a failed write, which QFile
+/// forgets at the next one and an object may ignore.
 class Writer : public QFile
 {
 public:
-    /// False if anything that was written has not arrived.
-    bool finish() { return flush() && !m_failed; }
+    /// False if any write has failed.
+    bool finish()
+    {
+        note(flush());
+        return m_error.isEmpty();
+    }
+
+    /// Why a write has failed; empty if none has.
+    [[nodiscard]] const QString &failure() const noexcept { return m_error; }
 
 protected:
     qint64 writeData(const char *data, qint64 size) override
     {
         const qint64 written = QFile::writeData(data, size);
-        m_failed = m_failed || written != size;
+        note(written == size);
         return written;
     }
 
 private:
-    bool m_failed = false;
+    /// QFile itself is silent on the reason if a part could be written.
+    void note(bool isWritten)
+    {
+        if (!isWritten)
+            m_error = qt_error_string();
+    }
+
+    QString m_error;
 };
 
-/// Lets \a write write to \a file.
+/// Calls \a write with a device that writes to \a file.
 template <typename Write>
-bool writeTo(Platform::NewFile &file, const Write &write)
+bool writeTo(Platform::NewFile &file, QString *errorString, const Write &write)
 {
     Writer writer;
-    return file.open(writer) && write(writer) && writer.finish();
+    if (file.open(writer) && write(writer) && writer.finish())
+        return true;
+    if (errorString->isEmpty())
+        *errorString = writer.failure().isEmpty() ? writer.errorString() : writer.failure();
+    return false;
 }
 
-/// The same with a stream.
+/// Calls \a write with a stream that writes to \a file.
 template <typename Write>
-bool streamTo(Platform::NewFile &file, const Write &write)
+bool streamTo(Platform::NewFile &file, QString *errorString, const Write &write)
 {
-    return writeTo(file, [&](Writer &writer) {
+    return writeTo(file, errorString, [&](Writer &writer) {
         QDataStream stream(&writer);
         stream.setVersion(StreamVersion);
         return write(stream) && stream.status() == QDataStream::Ok;
     });
 }
 
+enum class IfNoFile { RemoveValue, KeepValue };
+
 } // namespace
 
-SNvCache::SNvCache(const QString &name, const QString &folder)
-    : m_folder(folder)
-    , m_name(name.isEmpty() ? QUuid::createUuid().toString(QUuid::WithoutBraces) : name)
+struct Q_DECL_HIDDEN SNvCache::Private
 {
-    m_valid = Platform::makePrivateDirectory(pathName());
-    if (!m_valid)
-        return;
-    Platform::removeAbandonedFiles(pathName());
-    if (!readIndex())
-        m_index.clear();
-}
+    Private(const QString &cacheName, const QString &parentFolder)
+        : folder(parentFolder)
+        , name(cacheName.isEmpty() ? QUuid::createUuid().toString(QUuid::WithoutBraces) : cacheName)
+    {
+        valid = Platform::makePrivateDirectory(pathName());
+        if (!valid) {
+            errorString = qt_error_string();
+            return;
+        }
+        Platform::removeAbandonedFiles(pathName());
+        if (!readIndex())
+            index.clear();
+    }
 
-SNvCache::~SNvCache()
-{
-    if (m_valid)
-        writeIndex();
-}
+    /// The path of a file in the cache's directory; without a name, that of the directory.
+    [[nodiscard]] QString pathName(const QString &fileName = QString()) const
+    {
+        const QString directory = folder % QLatin1Char('/') % name;
+        return fileName.isEmpty() ? directory : directory % QLatin1Char('/') % fileName;
+    }
 
-bool SNvCache::insert(const QString &key, QIODevice *source)
-{
-    return source && store(key, true, [&](Platform::NewFile &file) {
-        return writeTo(file,
-            [&](Writer &writer) { return SFileHelper::copyDevice(&writer, source, ChunkSize); });
-    });
-}
+    [[nodiscard]] QString pathName(const QByteArray &digest) const
+    {
+        return folder % QLatin1Char('/') % name % QLatin1Char('/') % QLatin1String(digest.toHex());
+    }
 
-bool SNvCache::insert(const QString &key, const QByteArray &data)
-{
-    return store(key, true, [&](Platform::NewFile &file) { return file.write(data); });
-}
+    /// The digest that names the file of \a key: that of the index, else the SHA-256.
+    [[nodiscard]] QByteArray hash(const QString &key) const
+    {
+        const auto entry = index.constFind(key);
+        if (entry != index.constEnd())
+            return *entry;
+        return QCryptographicHash::hash(key.toUtf8(), QCryptographicHash::Sha256);
+    }
 
-bool SNvCache::insert(const QString &key, Interfaces::ISerializable *object)
-{
-    return object && store(key, false, [&](Platform::NewFile &file) {
-        return streamTo(file, [&](QDataStream &stream) { return object->write(stream); });
-    });
-}
+    [[nodiscard]] bool removeFile(const QByteArray &digest) const
+    {
+        const QString path = pathName(digest);
+        return QFile::remove(path) || !QFile::exists(path);
+    }
 
-bool SNvCache::value(const QString &key, QIODevice *target) const
-{
-    QFile source;
-    return m_valid && target && Platform::openFile(source, pathName(hash(key)))
-        && SFileHelper::copyDevice(target, &source, ChunkSize);
-}
-
-bool SNvCache::value(const QString &key, Interfaces::ISerializable *object) const
-{
-    QFile file;
-    if (!m_valid || !object || !Platform::openFile(file, pathName(hash(key))))
+    /// False, for a null pointer.
+    bool refuse()
+    {
+        if (valid)
+            errorString = QFile().errorString(); // Qt's words for an unknown error.
         return false;
-    QDataStream stream(&file);
-    stream.setVersion(StreamVersion);
-    return object->read(stream);
-}
+    }
 
-QByteArray SNvCache::value(const QString &key) const
-{
-    return m_valid ? Platform::readFile(pathName(hash(key))) : QByteArray();
-}
+    template <typename Write>
+    bool store(const QString &key, IfNoFile ifNoFile, const Write &write);
+    bool readIndex();
+    void writeIndex() const;
 
-bool SNvCache::remove(const QString &key)
-{
-    if (!m_valid || !removeFile(hash(key)))
-        return false;
-    m_index.remove(key);
-    return true;
-}
+    bool valid = false;
+    QString folder;
+    QString name;
+    QHash<QString, QByteArray> index; ///< From the keys to the SHA-256 that names their files.
+    QString errorString;              ///< Of the latest insertion, or why it is not valid.
+};
 
-void SNvCache::clear()
-{
-    const QStringList all = keys();
-    for (const QString &key : all)
-        remove(key);
-    m_index.clear();
-}
-
-/// Lets \a write write the value's file. \a removeUnopened tells whether the earlier value goes if
-/// there is no file to write.
+/// Makes a new file, calls \a write with it and with a text for the error, and puts the file in the
+/// place of the value. If that fails, the earlier value is removed; \a ifNoFile says what becomes
+/// of it if no new file can be made.
 template <typename Write>
-bool SNvCache::store(const QString &key, bool removeUnopened, const Write &write)
+bool SNvCache::Private::store(const QString &key, IfNoFile ifNoFile, const Write &write)
 {
-    if (!m_valid)
+    if (!valid)
         return false;
     const QByteArray digest = hash(key);
+    QString error; // What is written may insert as well.
     {
         Platform::NewFile file;
         const bool created = file.create(pathName());
-        if (created && write(file) && file.moveTo(pathName(digest))) {
-            m_index.insert(key, digest);
+        if (created && write(file, &error) && file.moveTo(pathName(digest))) {
+            errorString.clear();
+            index.insert(key, digest);
             return true;
         }
-        if (!created && !removeUnopened)
+        errorString = error.isEmpty() ? qt_error_string() : error;
+        if (!created && ifNoFile == IfNoFile::KeepValue)
             return false;
     }
     (void)removeFile(digest);
     return false;
 }
 
-/// The digest that names the file of \a key: what the index has wins.
-QByteArray SNvCache::hash(const QString &key) const
-{
-    const auto entry = m_index.constFind(key);
-    if (entry != m_index.constEnd())
-        return *entry;
-    return QCryptographicHash::hash(key.toUtf8(), QCryptographicHash::Sha256);
-}
-
-/// The path of a file in the directory, or its own.
-QString SNvCache::pathName(const QString &fileName) const
-{
-    const QString directory = m_folder % QLatin1Char('/') % m_name;
-    return fileName.isEmpty() ? directory : directory % QLatin1Char('/') % fileName;
-}
-
-QString SNvCache::pathName(const QByteArray &digest) const
-{
-    return m_folder % QLatin1Char('/') % m_name % QLatin1Char('/') % QLatin1String(digest.toHex());
-}
-
-bool SNvCache::removeFile(const QByteArray &digest) const
-{
-    const QString path = pathName(digest);
-    return QFile::remove(path) || !QFile::exists(path);
-}
-
-bool SNvCache::readIndex()
+bool SNvCache::Private::readIndex()
 {
     QFile file;
     if (!Platform::openFile(file, pathName(QStringLiteral("index"))))
@@ -194,7 +179,7 @@ bool SNvCache::readIndex()
     stream >> magic;
     if (magic != Magic)
         return false;
-    // The upper half of what writeIndex() writes, and thus 0: docs/cache.md.
+    // Reads the upper half of the count that writeIndex() writes, which is 0: docs/cache.md.
     qint32 count = 0;
     stream >> count;
     for (qint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
@@ -202,22 +187,144 @@ bool SNvCache::readIndex()
         QByteArray digest;
         stream >> key >> digest;
         if (!digest.isEmpty())
-            m_index.insert(key, digest);
+            index.insert(key, digest);
     }
     return stream.status() == QDataStream::Ok;
 }
 
-void SNvCache::writeIndex() const
+void SNvCache::Private::writeIndex() const
 {
+    QString error;
     Platform::NewFile file;
-    const bool written = file.create(pathName()) && streamTo(file, [&](QDataStream &stream) {
-        stream << Magic << qint64{m_index.size()};
-        for (auto entry = m_index.cbegin(); entry != m_index.cend(); ++entry)
-            stream << entry.key() << entry.value();
-        return true;
-    });
+    const bool written =
+        file.create(pathName()) && streamTo(file, &error, [&](QDataStream &stream) {
+            stream << Magic << qint64{index.size()};
+            for (auto entry = index.cbegin(); entry != index.cend(); ++entry)
+                stream << entry.key() << entry.value();
+            return true;
+        });
     if (written)
         (void)file.moveTo(pathName(QStringLiteral("index")));
+}
+
+SNvCache::SNvCache(const QString &name, const QString &folder)
+    : d(std::make_unique<Private>(name, folder))
+{
+}
+
+SNvCache::~SNvCache()
+{
+    if (d->valid)
+        d->writeIndex();
+}
+
+QString SNvCache::folder() const
+{
+    return d->folder;
+}
+
+QString SNvCache::name() const
+{
+    return d->name;
+}
+
+bool SNvCache::isNull() const noexcept
+{
+    return !d->valid;
+}
+
+bool SNvCache::isEmpty() const noexcept
+{
+    return d->index.isEmpty();
+}
+
+int SNvCache::count() const noexcept
+{
+    return static_cast<int>(d->index.size());
+}
+
+bool SNvCache::contains(const QString &key) const
+{
+    return d->index.contains(key);
+}
+
+QStringList SNvCache::keys() const
+{
+    return d->index.keys();
+}
+
+bool SNvCache::insert(const QString &key, QIODevice *source)
+{
+    if (!source)
+        return d->refuse();
+    return d->store(key, IfNoFile::RemoveValue, [&](Platform::NewFile &file, QString *error) {
+        return writeTo(file, error, [&](Writer &writer) {
+            return SFileHelper::copyDevice(&writer, source, ChunkSize, error);
+        });
+    });
+}
+
+bool SNvCache::insert(const QString &key, const QByteArray &data)
+{
+    return d->store(key, IfNoFile::RemoveValue,
+        [&](Platform::NewFile &file, QString *) { return file.write(data); });
+}
+
+bool SNvCache::insert(const QString &key, Interfaces::ISerializable *object)
+{
+    if (!object)
+        return d->refuse();
+    return d->store(key, IfNoFile::KeepValue, [&](Platform::NewFile &file, QString *error) {
+        return streamTo(file, error, [&](QDataStream &stream) { return object->write(stream); });
+    });
+}
+
+QString SNvCache::errorString() const
+{
+    return d->errorString;
+}
+
+bool SNvCache::value(const QString &key, QIODevice *target) const
+{
+    QFile source;
+    return d->valid && target && Platform::openFile(source, d->pathName(d->hash(key)))
+        && SFileHelper::copyDevice(target, &source, ChunkSize);
+}
+
+bool SNvCache::value(const QString &key, Interfaces::ISerializable *object) const
+{
+    QFile file;
+    if (!d->valid || !object || !Platform::openFile(file, d->pathName(d->hash(key))))
+        return false;
+    QDataStream stream(&file);
+    stream.setVersion(StreamVersion);
+    return object->read(stream);
+}
+
+QByteArray SNvCache::value(const QString &key) const
+{
+    return find(key).value_or(QByteArray());
+}
+
+std::optional<QByteArray> SNvCache::find(const QString &key) const
+{
+    return d->valid ? Platform::readFile(d->pathName(d->hash(key))) : std::nullopt;
+}
+
+bool SNvCache::remove(const QString &key)
+{
+    if (!d->valid || !d->removeFile(d->hash(key)))
+        return false;
+    d->index.remove(key);
+    return true;
+}
+
+void SNvCache::clear()
+{
+    const QStringList all = keys();
+    for (const QString &key : all)
+        remove(key);
+    d->index.clear();
 }
 
 } // namespace Quorvex

@@ -4,8 +4,10 @@
 #include <tavex/core/export.h>
 
 #include <QByteArray>
-#include <QHash>
 #include <QStringList>
+
+#include <memory>
+#include <optional>
 
 class QIODevice;
 
@@ -17,8 +19,8 @@ class ISerializable;
 /// A cache that outlives the process: values by key, each in a file of its own, in one directory
 /// (docs/cache.md tells its bytes). Nothing is ever evicted.
 ///
-/// A value is written beside its file and then moved over it. Who reads sees the old value or the
-/// new one, never a part, from any cache in any process, also when the writer is killed. Nothing is
+/// A value is written to a new file, which then replaces the old one. A reader in any process gets
+/// the old value or the new one, never a part of one, also when a writer is killed. Nothing is
 /// synchronised with the disk: after a loss of power values may be cut off or lost.
 ///
 /// Any number of caches may use one directory at a time; each knows the keys of its own insertions
@@ -41,25 +43,25 @@ public:
     ~SNvCache();
 
     /// The folder that the directory is in, as it was given.
-    [[nodiscard]] QString folder() const { return m_folder; }
+    [[nodiscard]] QString folder() const;
     /// The name of the directory in folder(): the given one, or the one that was made.
-    [[nodiscard]] QString name() const { return m_name; }
+    [[nodiscard]] QString name() const;
 
     /// True if there is no directory. All that reads, inserts or removes then returns false.
-    [[nodiscard]] bool isNull() const noexcept { return !m_valid; }
+    [[nodiscard]] bool isNull() const noexcept;
 
     /// Whether keys() is empty.
-    [[nodiscard]] bool isEmpty() const noexcept { return m_index.isEmpty(); }
+    [[nodiscard]] bool isEmpty() const noexcept;
     /// The number of keys().
-    [[nodiscard]] int count() const noexcept { return static_cast<int>(m_index.size()); }
+    [[nodiscard]] int count() const noexcept;
     /// Whether \a key is one of keys().
-    [[nodiscard]] bool contains(const QString &key) const { return m_index.contains(key); }
+    [[nodiscard]] bool contains(const QString &key) const;
     /// The keys that this object has inserted and not removed, in no particular order.
-    [[nodiscard]] QStringList keys() const { return m_index.keys(); }
+    [[nodiscard]] QStringList keys() const;
 
-    /// Keeps what \a source has from its position on, \a data, or what \a object writes to a
-    /// QDataStream of version Qt_5_6. True only if all of it is in the file, and as far as the
-    /// system knows it will stay there.
+    /// Stores \a data, or what \a source has from its position on, or what \a object writes to a
+    /// QDataStream of version Qt_5_6. True only if all of it is in the file and the system has
+    /// reported no error up to the closing of the file.
     ///
     /// If it fails, the key's earlier value is gone too; only when no file could be opened for an
     /// object, it stays. A source that is not open is opened, and closed afterwards.
@@ -69,14 +71,20 @@ public:
     bool insert(const QString &key, Interfaces::ISerializable *object);
     /// @}
 
+    /// Why the latest insert() failed, in the words of the system or of the device; empty if it
+    /// succeeded.
+    [[nodiscard]] QString errorString() const;
+
     /// Copies the value to \a target, which is opened for that if it is not open, or lets \a object
     /// read it; false if there is none or if that fails, which may be after a part.
     /// @{
-    bool value(const QString &key, QIODevice *target) const;
-    bool value(const QString &key, Interfaces::ISerializable *object) const;
+    [[nodiscard]] bool value(const QString &key, QIODevice *target) const;
+    [[nodiscard]] bool value(const QString &key, Interfaces::ISerializable *object) const;
     /// @}
     /// The value; empty also if there is none or it cannot be read.
     [[nodiscard]] QByteArray value(const QString &key) const;
+    /// The value, which may be empty; nothing if there is none or it cannot be read.
+    [[nodiscard]] std::optional<QByteArray> find(const QString &key) const;
 
     /// False only if there is a value and it cannot be removed.
     bool remove(const QString &key);
@@ -85,19 +93,8 @@ public:
     void clear();
 
 private:
-    template <typename Write>
-    bool store(const QString &key, bool removeUnopened, const Write &write);
-    [[nodiscard]] QByteArray hash(const QString &key) const;
-    [[nodiscard]] QString pathName(const QString &fileName = QString()) const;
-    [[nodiscard]] QString pathName(const QByteArray &digest) const;
-    [[nodiscard]] bool removeFile(const QByteArray &digest) const;
-    bool readIndex();
-    void writeIndex() const;
-
-    bool m_valid = false;
-    QString m_folder;
-    QString m_name;
-    QHash<QString, QByteArray> m_index; ///< From the keys to the SHA-256 that names their files.
+    struct Private;
+    const std::unique_ptr<Private> d;
 };
 
 } // namespace Quorvex

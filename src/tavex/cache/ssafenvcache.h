@@ -15,59 +15,39 @@ class TAVEX_EXPORT SSafeNvCache
 public:
     /// The cache that SNvCache makes of the same arguments.
     explicit SSafeNvCache(const QString &name = QString(),
-        const QString &folder = SEnvironment::getFolder(SpecialFolder::CacheLocation, true))
-        : m_cache(name, folder)
-    {
-    }
+        const QString &folder = SEnvironment::getFolder(SpecialFolder::CacheLocation, true));
+    Q_DISABLE_COPY_MOVE(SSafeNvCache)
+    ~SSafeNvCache();
 
     /// The function of this name of SNvCache, under the lock.
     /// @{
-    [[nodiscard]] QString folder() const { return locked()->folder(); }
-    [[nodiscard]] QString name() const { return locked()->name(); }
-    [[nodiscard]] bool isNull() const { return locked()->isNull(); }
-    [[nodiscard]] bool isEmpty() const { return locked()->isEmpty(); }
-    [[nodiscard]] int count() const { return locked()->count(); }
-    [[nodiscard]] bool contains(const QString &key) const { return locked()->contains(key); }
-    [[nodiscard]] QStringList keys() const { return locked()->keys(); }
+    [[nodiscard]] QString folder() const;
+    [[nodiscard]] QString name() const;
+    [[nodiscard]] bool isNull() const;
+    [[nodiscard]] bool isEmpty() const;
+    [[nodiscard]] int count() const;
+    [[nodiscard]] bool contains(const QString &key) const;
+    [[nodiscard]] QStringList keys() const;
 
-    bool insert(const QString &key, QIODevice *source) { return locked()->insert(key, source); }
-    bool insert(const QString &key, const QByteArray &data) { return locked()->insert(key, data); }
-    bool insert(const QString &key, Interfaces::ISerializable *object)
-    {
-        return locked()->insert(key, object);
-    }
+    bool insert(const QString &key, QIODevice *source);
+    bool insert(const QString &key, const QByteArray &data);
+    bool insert(const QString &key, Interfaces::ISerializable *object);
 
-    bool value(const QString &key, QIODevice *target) const { return locked()->value(key, target); }
-    bool value(const QString &key, Interfaces::ISerializable *object) const
-    {
-        return locked()->value(key, object);
-    }
-    [[nodiscard]] QByteArray value(const QString &key) const { return locked()->value(key); }
+    [[nodiscard]] bool value(const QString &key, QIODevice *target) const;
+    [[nodiscard]] bool value(const QString &key, Interfaces::ISerializable *object) const;
+    [[nodiscard]] QByteArray value(const QString &key) const;
+    [[nodiscard]] std::optional<QByteArray> find(const QString &key) const;
 
-    bool remove(const QString &key) { return locked()->remove(key); }
-    void clear() { locked()->clear(); }
+    bool remove(const QString &key);
+    void clear();
     /// @}
 
+    /// Why the latest insert() failed, of whichever thread; empty if it succeeded.
+    [[nodiscard]] QString errorString() const;
+
 private:
-    /// The cache, locked to the end of the expression.
-    class Locked
-    {
-    public:
-        explicit Locked(const SSafeNvCache &cache)
-            : m_lock(cache.m_mutex)
-            , m_cache(&cache.m_cache)
-        {
-        }
-        SNvCache *operator->() const noexcept { return m_cache; }
-
-    private:
-        const std::lock_guard<std::recursive_mutex> m_lock;
-        SNvCache *const m_cache;
-    };
-    [[nodiscard]] Locked locked() const { return Locked(*this); }
-
-    mutable std::recursive_mutex m_mutex;
-    mutable SNvCache m_cache;
+    const std::unique_ptr<std::recursive_mutex> m_mutex;
+    const std::unique_ptr<SNvCache> m_cache;
 };
 
 } // namespace Quorvex

@@ -1,8 +1,8 @@
 #include <tavex/convert/sconvert.h>
 
 #include <tavex/convert/svariantconvert.h>
-#include <tavex/core/lasting_p.h>
 #include <tavex/core/metatype_p.h>
+#include <tavex/core/startup_p.h>
 #include <tavex/enums/enumlist_p.h>
 #include <tavex/enums/enumtranslationoptions.h>
 
@@ -43,8 +43,8 @@ QString usableFormat(const QString &format)
     return trimmed.isEmpty() ? QStringLiteral("{MM}.{mm}.{pp}") : trimmed;
 }
 
-/// The expression of a format, and the numbers of its groups; -1 for a component that it leaves
-/// out.
+/// The regular expression of a format, and the group numbers of the components: -1 for one that the
+/// format leaves out.
 struct VersionPattern
 {
     explicit VersionPattern(const QString &format)
@@ -72,8 +72,8 @@ SVersion findVersion(const QString &text, const VersionPattern &pattern, const Q
     const QRegularExpressionMatch match = pattern.expression.match(text);
     if (!match.hasMatch())
         return {};
-    // One or two digits of ASCII need no parser where they are the locale's own. A group that the
-    // format names itself may be any text.
+    // One or two ASCII digits need no parser where the locale uses them. A group that the format
+    // itself names "major" and so on may match any text.
     const bool isPlain = locale.zeroDigit() == u'0';
     const auto component = [&](int group) {
         const QStringView digits = match.capturedView(group);
@@ -95,7 +95,8 @@ struct Option
     int number;
 };
 
-/// Takes the first option off \a format; nothing if it does not begin with one that has a number.
+/// Removes the first option from \a format and returns it; nothing if the format does not begin
+/// with an option that has a number.
 std::optional<Option> takeOption(QStringView &format)
 {
     const qsizetype colon = format.indexOf(u':');
@@ -109,7 +110,8 @@ std::optional<Option> takeOption(QStringView &format)
     return ok ? std::optional(option) : std::nullopt;
 }
 
-/// Plain where the first digit stands for 1e-5 to 1e15, and in the shortest form that reads back.
+/// The shortest text that reads back: plain where the first digit stands for 1e-5 to 1e15, else
+/// with an exponent.
 QString shortestText(double value, const QLocale &locale)
 {
     constexpr int Shortest = QLocale::FloatingPointShortest;
@@ -121,7 +123,7 @@ QString shortestText(double value, const QLocale &locale)
     return locale.toString(value, size >= 1e-5 && size < 1e16 ? 'f' : 'e', Shortest);
 }
 
-/// "{f:2}" and the like. Without it the shortest text of \a shortest.
+/// \a value in a format such as "{f:2}"; without a usable one the shortest text of \a shortest.
 QString realText(double value, double shortest, const QString &format, const QLocale &locale)
 {
     constexpr int MaxPrecision = 99;
@@ -135,8 +137,9 @@ QString realText(double value, double shortest, const QString &format, const QLo
     return locale.toString(value, option->name.front().toLatin1(), option->number);
 }
 
-/// The number that the shortest decimal text of \a value stands for. QLocale reads a double and
-/// refuses it above the largest float, to which the nearest short texts round up.
+/// The double that has the shortest decimal text of those that read back as \a value. QLocale reads
+/// a float as a double and refuses one above the largest float, so that the text of the largest
+/// needs more digits.
 double decimalOf(float value)
 {
     const auto exact = static_cast<double>(value);
@@ -156,7 +159,7 @@ double decimalOf(float value)
     return decimal;
 }
 
-/// With as many zeros in front as it takes to have \a width digits, and no separators.
+/// Pads with zeros in front to \a width digits, without separators.
 QString paddedText(quint64 magnitude, bool isNegative, qsizetype width, int base, QLocale locale)
 {
     locale.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
@@ -168,13 +171,13 @@ QString paddedText(quint64 magnitude, bool isNegative, qsizetype width, int base
         + zero.repeated(std::max<qsizetype>(zeros, 0)) + digits;
 }
 
-/// \a text with the signs and digits of C in place of those of \a locale.
+/// Replaces the signs and digits of \a locale in \a text by those of C.
 QString inSignsOfC(QStringView text, const QLocale &locale)
 {
     const QString zero = locale.zeroDigit();
     const uint zeroCode = QStringView(zero).toUcs4().value(0);
     const std::pair<QString, QLatin1String> signs[] = {
-        // The first may have digits in it.
+        // An exponential sign may contain digits, so it is looked for first.
         {locale.exponential(), QLatin1String("e")},
         {locale.negativeSign(), QLatin1String("-")},
         {locale.positiveSign(), QLatin1String("+")},
@@ -203,19 +206,55 @@ QString inSignsOfC(QStringView text, const QLocale &locale)
     return result;
 }
 
-template <typename T>
-QString timeText(const T &value, const QString &format, const QLocale &locale)
+/// \a text as the C locale writes it, if it is to the letter what SConvert::toString() makes of a
+/// number in \a locale; else an empty text.
+QString plainText(const QString &text, const QLocale &locale)
 {
-    if (!value.isValid())
+    QString plain = inSignsOfC(text, locale);
+    QLocale c = QLocale::c();
+    c.setNumberOptions(locale.numberOptions());
+
+    bool ok = false;
+    const qlonglong integer = c.toLongLong(plain, &ok);
+    if (ok) {
+        const auto bits = static_cast<quint64>(integer);
+        const auto width = plain.size() - (integer < 0 ? 1 : 0);
+        if (text == locale.toString(integer)
+            || text == paddedText(integer < 0 ? 0 - bits : bits, integer < 0, width, 10, locale))
+            return plain;
+    }
+    const double real = c.toDouble(plain, &ok);
+    if (!ok)
         return {};
-    const QStringView name = QStringView(format).trimmed();
-    if (name == u"{iso}")
-        return value.toString(Qt::ISODateWithMs);
-    if (name == u"{short}")
-        return locale.toString(value, QLocale::ShortFormat);
-    if (name.isEmpty() || (name.startsWith(u'{') && name.endsWith(u'}')))
-        return locale.toString(value, QLocale::LongFormat);
-    return locale.toString(value, name);
+    // In whatever notation it was written, the text itself tells the number of decimals.
+    const qsizetype point = plain.indexOf(u'.');
+    const qsizetype end = plain.indexOf(u'e');
+    const auto decimals = int(point < 0 ? 0 : (end < 0 ? plain.size() : end) - point - 1);
+    QLocale withoutGroups = locale;
+    withoutGroups.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
+    for (const QLocale &writer : {locale, withoutGroups}) {
+        if (text == shortestText(real, writer) || text == writer.toString(real, 'f', decimals)
+            || text == writer.toString(real, 'e', decimals))
+            return plain;
+    }
+    return {};
+}
+
+/// Reads \a text by a member of QLocale, or by plainText() where that refuses it.
+template <typename T>
+T readText(T (QLocale::*read)(QStringView, bool *) const, const QString &text, bool *ok,
+    const QLocale &locale)
+{
+    bool isNumber = false;
+    T value = (locale.*read)(text, &isNumber);
+    if (!isNumber) {
+        const QString plain = plainText(text, locale);
+        if (!plain.isEmpty())
+            value = (QLocale::c().*read)(plain, &isNumber);
+    }
+    if (ok)
+        *ok = isNumber;
+    return value;
 }
 
 bool isIndentedJson(const QString &format)
@@ -235,7 +274,7 @@ QString jsonText(const QJsonDocument &document, const QString &format)
         document.toJson(isIndented ? QJsonDocument::Indented : QJsonDocument::Compact));
 }
 
-/// A blank follows, so that the text can be taken apart in spite of decimal commas.
+/// With a blank, so that the parts of the text can be told apart in spite of decimal commas.
 QString separator(const QLocale &locale)
 {
     return locale.decimalPoint() == u',' ? QStringLiteral("; ") : QStringLiteral(", ");
@@ -254,32 +293,29 @@ QString valueText(OperatingSystem value, const QString &, const QLocale &locale)
     return OperatingSystem_T::instance().toString(value, locale);
 }
 
-QString valueText(const QDate &value, const QString &format, const QLocale &locale)
+template <typename T>
+concept Time = STypeList<QDate, QTime, QDateTime>::contains<T>;
+
+template <Time T>
+QString valueText(const T &value, const QString &format, const QLocale &locale)
 {
-    return timeText(value, format, locale);
+    if (!value.isValid())
+        return {};
+    const QStringView name = QStringView(format).trimmed();
+    if (name == u"{iso}")
+        return value.toString(Qt::ISODateWithMs);
+    if (name == u"{short}")
+        return locale.toString(value, QLocale::ShortFormat);
+    if (name.isEmpty() || (name.startsWith(u'{') && name.endsWith(u'}')))
+        return locale.toString(value, QLocale::LongFormat);
+    return locale.toString(value, name);
 }
 
-QString valueText(const QTime &value, const QString &format, const QLocale &locale)
-{
-    return timeText(value, format, locale);
-}
+template <typename T>
+concept Json = STypeList<QJsonDocument, QJsonObject, QJsonArray>::contains<T>;
 
-QString valueText(const QDateTime &value, const QString &format, const QLocale &locale)
-{
-    return timeText(value, format, locale);
-}
-
-QString valueText(const QJsonDocument &value, const QString &format, const QLocale &)
-{
-    return jsonText(value, format);
-}
-
-QString valueText(const QJsonObject &value, const QString &format, const QLocale &)
-{
-    return jsonText(QJsonDocument(value), format);
-}
-
-QString valueText(const QJsonArray &value, const QString &format, const QLocale &)
+template <Json T>
+QString valueText(const T &value, const QString &format, const QLocale &)
 {
     return jsonText(QJsonDocument(value), format);
 }
@@ -292,7 +328,7 @@ QString valueText(const QJsonValue &value, const QString &format, const QLocale 
         return jsonText(QJsonDocument(value.toObject()), format);
     if (value.isArray())
         return jsonText(QJsonDocument(value.toArray()), format);
-    // Documents hold no other values by themselves.
+    // A document holds nothing but an object or an array.
     const QString array = jsonText(QJsonDocument(QJsonArray{value}), QString());
     return array.mid(1, array.size() - 2);
 }
@@ -341,7 +377,7 @@ using LibraryEnums =
         EnumTranslationOptions>;
 #undef ENUM_NAME
 
-/// The types of the library, of whose lists and maps Qt cannot reach the elements.
+/// The types of the library: Qt cannot reach the elements of their lists and maps.
 template <typename... T>
 STypeList<T..., SVersion> withVersion(STypeList<T...>);
 using OwnTypes = decltype(withVersion(LibraryEnums()));
@@ -356,8 +392,8 @@ template <typename T>
 using Hash = QHash<QString, T>;
 
 /// Calls \a open with what \a value holds if the name of its type is \a front, the name of one of
-/// the types, and what closes that. (To have the descriptions of all these containers would cost
-/// megabytes.)
+/// the types and closing brackets. (QMetaType::fromType() of all these containers would add
+/// megabytes to the library.)
 template <template <typename> typename Container, typename... T, typename Open>
 bool openAs(STypeList<T...>, const QVariant &value, const char *front, const Open &open)
 {
@@ -377,7 +413,8 @@ bool openAs(STypeList<T...>, const QVariant &value, const char *front, const Ope
         || ...);
 }
 
-/// A value and the description of its type, of which no variant is made: that would register it.
+/// A value with the description of its type. It is not put into a variant, which would register the
+/// type.
 struct Value
 {
     Value(const QVariant &variant)
@@ -443,7 +480,8 @@ struct Value
 
     QMetaType type;
     const void *data;
-    QMetaType registered; ///< Maybe another module's description of the type; maybe none.
+    QMetaType registered; ///< The registered description, maybe of another module; invalid if there
+                          ///< is none.
 };
 
 } // namespace
@@ -474,36 +512,35 @@ bool SNumberConvert::convert(const QVariant &value, QMetaType type, void *result
     return from.isEnum() && convert(from.number(), type, result);
 }
 
-QString SNumberConvert::plainText(const QString &text, const QLocale &locale)
-{
-    QString plain = inSignsOfC(text, locale);
-    QLocale c = QLocale::c();
-    c.setNumberOptions(locale.numberOptions());
+#define DEFINE_TO_INTEGER(Name, T, Member)                                                         \
+    T SNumberConvert::Name(const QString &text, bool *ok, const QLocale &locale, int base)         \
+    {                                                                                              \
+        if (base == 10)                                                                            \
+            return static_cast<T>(readText(&QLocale::Member, text, ok, locale));                   \
+        if (base == 0 || (base >= 2 && base <= 36))                                                \
+            return static_cast<T>(text.Member(ok, base));                                          \
+        if (ok)                                                                                    \
+            *ok = false;                                                                           \
+        return 0;                                                                                  \
+    }
+DEFINE_TO_INTEGER(toInt8, qint8, toShort)
+DEFINE_TO_INTEGER(toUInt8, quint8, toUShort)
+DEFINE_TO_INTEGER(toInt16, qint16, toShort)
+DEFINE_TO_INTEGER(toUInt16, quint16, toUShort)
+DEFINE_TO_INTEGER(toInt32, qint32, toInt)
+DEFINE_TO_INTEGER(toUInt32, quint32, toUInt)
+DEFINE_TO_INTEGER(toInt64, qint64, toLongLong)
+DEFINE_TO_INTEGER(toUInt64, quint64, toULongLong)
+#undef DEFINE_TO_INTEGER
 
-    bool ok = false;
-    const qlonglong integer = c.toLongLong(plain, &ok);
-    if (ok) {
-        const auto bits = static_cast<quint64>(integer);
-        const auto width = plain.size() - (integer < 0 ? 1 : 0);
-        if (text == locale.toString(integer)
-            || text == paddedText(integer < 0 ? 0 - bits : bits, integer < 0, width, 10, locale))
-            return plain;
-    }
-    const double real = c.toDouble(plain, &ok);
-    if (!ok)
-        return {};
-    // However it was written, the number of its decimals stands there.
-    const qsizetype point = plain.indexOf(u'.');
-    const qsizetype end = plain.indexOf(u'e');
-    const auto decimals = int(point < 0 ? 0 : (end < 0 ? plain.size() : end) - point - 1);
-    QLocale withoutGroups = locale;
-    withoutGroups.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
-    for (const QLocale &writer : {locale, withoutGroups}) {
-        if (text == shortestText(real, writer) || text == writer.toString(real, 'f', decimals)
-            || text == writer.toString(real, 'e', decimals))
-            return plain;
-    }
-    return {};
+float SNumberConvert::toSingle(const QString &text, bool *ok, const QLocale &locale)
+{
+    return readText(&QLocale::toFloat, text, ok, locale);
+}
+
+double SNumberConvert::toDouble(const QString &text, bool *ok, const QLocale &locale)
+{
+    return readText(&QLocale::toDouble, text, ok, locale);
 }
 
 QString SConvert::integerText(
@@ -562,7 +599,7 @@ QVariant SConvert::opened(const QVariant &value, const QString &format, const QL
         || openAs<Map>(OwnTypes(), value, "QMap<QString,", open)
         || openAs<Hash>(OwnTypes(), value, "QHash<QString,", open))
         return result;
-    // Others too, of which Qt knows how to reach the elements.
+    // Other containers whose elements Qt can reach.
     const QMetaType type = MetaType::registered(value.metaType());
     if (!type.isValid() || QMetaType::canConvert(type, QMetaType::fromType<QString>()))
         return result;
@@ -593,7 +630,7 @@ QJsonValue SConvert::json(const QVariant &value)
     QJsonValue result;
     const auto write = [&]<typename T>(const T &number) {
         if constexpr (SInteger<T>) {
-            // What more bits than a double has would lose in most programs that read it.
+            // Most programs read a number as a double, which cannot hold more bits.
             constexpr auto MaxExact = qlonglong(1) << 53;
             const auto wide = widened(number);
             if (std::cmp_less_equal(wide, MaxExact) && std::cmp_greater_equal(wide, -MaxExact))

@@ -1,5 +1,8 @@
 #include <tavex/convert/slocale.h>
 
+#include <QDataStream>
+#include <QDebug>
+
 namespace Quorvex {
 
 static QLocale klingon()
@@ -63,6 +66,32 @@ QString SLocale::lcName(const QLocale &locale, bool keepUnderscore)
 QString SLocale::nativeLanguageName(const QLocale &locale)
 {
     return isKlingon(locale) ? QStringLiteral("tlhIngan Hol") : locale.nativeLanguageName();
+}
+
+QDebug operator<<(QDebug debug, const SLocale &locale)
+{
+    const QDebugStateSaver saver(debug);
+    debug.nospace() << "SLocale(" << locale.name() << ')';
+    return debug;
+}
+
+QDataStream &operator<<(QDataStream &stream, const SLocale &locale)
+{
+    const QLocale &l = locale.m_locale;
+    // Qt names C "en" there. QLocale::name() has no script.
+    const bool isNamed = SLocale::isKlingon(l) || l.language() == QLocale::C;
+    return stream << (isNamed ? locale.name() : l.bcp47Name())
+                  << static_cast<quint32>(l.numberOptions());
+}
+
+QDataStream &operator>>(QDataStream &stream, SLocale &locale)
+{
+    QString name;
+    quint32 options = 0;
+    stream >> name >> options;
+    if (stream.status() == QDataStream::Ok)
+        locale = SLocale(name, QLocale::NumberOptions(QFlag(options)));
+    return stream;
 }
 
 } // namespace Quorvex

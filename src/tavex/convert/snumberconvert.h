@@ -27,127 +27,81 @@ requires SScalar<T>
         return static_cast<T>(value);
 }
 
-/// The numbers of SConvert: from other numbers, text and variants. The class is not exported as a
-/// whole. A program for Windows would look in the DLL for its function objects, where the compiler
-/// has no reason to put them.
-class SNumberConvert
+/// The conversion of SConvert to numbers. All members may be called from any thread.
+class TAVEX_EXPORT SNumberConvert
 {
-    /// What the conversions to all numbers share: those from values.
-    template <SNumber T>
-    struct ToNumber
-    {
-        template <SScalar N>
-        [[nodiscard]] constexpr T operator()(N value) const noexcept
-        {
-            return convertedNumber<T>(value);
-        }
-    };
-
-    /// The conversion to the integer T. Text is read as a Parsed by \a InLocale in base 10 and by
-    /// \a InBase in every other.
-    template <SInteger T, SInteger Parsed, Parsed (QLocale::*InLocale)(QStringView, bool *) const,
-        Parsed (QString::*InBase)(bool *, int) const>
-    struct ToInteger : ToNumber<T>
-    {
-        using ToNumber<T>::operator();
-
-        [[nodiscard]] T operator()(const QString &text, bool *ok, const QLocale &locale) const
-        {
-            return static_cast<T>(read<Parsed, InLocale>(text, ok, locale));
-        }
-        [[nodiscard]] T operator()(
-            const QString &text, bool *ok, const QLocale &locale, int base) const
-        {
-            if (base == 10)
-                return (*this)(text, ok, locale);
-            if (base == 0 || (base >= 2 && base <= 36))
-                return static_cast<T>((text.*InBase)(ok, base));
-            if (ok)
-                *ok = false;
-            return 0;
-        }
-        // A base is exactly an int, so that a QLocale::Language becomes a locale.
-        template <std::same_as<int> Base>
-        [[nodiscard]] T operator()(const QString &text, bool *ok, Base base) const
-        {
-            return base == 10 ? (*this)(text, ok, QLocale()) : (*this)(text, ok, QLocale::C, base);
-        }
-        [[nodiscard]] T operator()(const QString &text, bool *ok) const
-        {
-            return (*this)(text, ok, QLocale());
-        }
-        [[nodiscard]] T operator()(
-            const QString &text, const QLocale &locale = QLocale(), int base = 10) const
-        {
-            return (*this)(text, nullptr, locale, base);
-        }
-        template <std::same_as<int> Base>
-        [[nodiscard]] T operator()(const QString &text, Base base) const
-        {
-            return (*this)(text, nullptr, base);
-        }
-        template <std::same_as<QVariant> Variant>
-        [[nodiscard]] T operator()(const Variant &value, const QLocale &locale = QLocale()) const
-        {
-            if (isText(value))
-                return (*this)(value.toString(), locale);
-            return fromVariant<T>(value);
-        }
-    };
-
-    template <std::floating_point T, T (QLocale::*InLocale)(QStringView, bool *) const>
-    struct ToReal : ToNumber<T>
-    {
-        using ToNumber<T>::operator();
-
-        [[nodiscard]] T operator()(
-            const QString &text, bool *ok, const QLocale &locale = QLocale()) const
-        {
-            return read<T, InLocale>(text, ok, locale);
-        }
-        [[nodiscard]] T operator()(const QString &text, const QLocale &locale = QLocale()) const
-        {
-            return (*this)(text, nullptr, locale);
-        }
-        template <std::same_as<QVariant> Variant>
-        [[nodiscard]] T operator()(const Variant &value, const QLocale &locale = QLocale()) const
-        {
-            if (isText(value))
-                return (*this)(value.toString(), locale);
-            return fromVariant<T>(value);
-        }
-    };
+// Every number has a function of its own, with these overloads. The arguments that are templates
+// take exactly such values: what would have to be converted first, as a string literal or a pointer
+// into a variant or a bool, is refused by the compiler.
+#define TAVEX_TO_NUMBER(Name, T)                                                                   \
+    [[nodiscard]] static constexpr T Name(SScalar auto value) noexcept                             \
+    {                                                                                              \
+        return convertedNumber<T>(value);                                                          \
+    }                                                                                              \
+    [[nodiscard]] static T Name(                                                                   \
+        const std::same_as<QVariant> auto &value, const QLocale &locale = QLocale())               \
+    {                                                                                              \
+        return isText(value) ? Name(value.toString(), locale) : fromVariant<T>(value);             \
+    }
+#define TAVEX_TO_INTEGER(Name, T)                                                                  \
+    TAVEX_TO_NUMBER(Name, T)                                                                       \
+    [[nodiscard]] static T Name(                                                                   \
+        const QString &text, bool *ok, const QLocale &locale = QLocale(), int base = 10);          \
+    [[nodiscard]] static T Name(const QString &text, bool *ok, SInteger auto base)                 \
+    {                                                                                              \
+        return Name(text, ok, QLocale(), saturated<int>(static_cast<double>(base)));               \
+    }                                                                                              \
+    [[nodiscard]] static T Name(                                                                   \
+        const QString &text, const QLocale &locale = QLocale(), int base = 10)                     \
+    {                                                                                              \
+        return Name(text, nullptr, locale, base);                                                  \
+    }                                                                                              \
+    [[nodiscard]] static T Name(const QString &text, SInteger auto base)                           \
+    {                                                                                              \
+        return Name(text, nullptr, base);                                                          \
+    }
+#define TAVEX_TO_REAL(Name, T)                                                                     \
+    TAVEX_TO_NUMBER(Name, T)                                                                       \
+    [[nodiscard]] static T Name(const QString &text, bool *ok, const QLocale &locale = QLocale()); \
+    [[nodiscard]] static T Name(const QString &text, const QLocale &locale = QLocale())            \
+    {                                                                                              \
+        return Name(text, nullptr, locale);                                                        \
+    }
 
 public:
-    /// Each is called with
-    /// - a number or a `bool`, as convertedNumber();
-    /// - `(text [, ok] [, locale] [, base])`: base 10 is read by QLocale's rules, and so is what
-    ///   SConvert::toString() writes in \a locale where QLocale does not know its own signs; every
-    ///   other base, up to 36, is read by the rules of C; base 0 takes "0x" and "0" as marks of the
-    ///   base. 0 and false in \a ok, which may be null, for text that is no number of the type;
-    /// - `(variant [, locale])`: text is read as above, other types are what QMetaType::convert()
-    ///   makes of them, so that reals are rounded, and what does not fit an integer loses its high
-    ///   bits; 0 if there is no conversion.
+    /// The number that a value, a text or a variant stands for.
+    ///
+    /// - Of a number or a `bool` it is the convertedNumber().
+    /// - Text in base 10, which is the default, is read by the rules of QLocale; and so is what
+    ///   SConvert::toString() writes in \a locale where QLocale does not know its own signs. Text
+    ///   in another base, up to 36, is read by the rules of C; base 0 takes "0x" and "0" as marks
+    ///   of the base. Text that is no number of the type gives 0 and, where \a ok is not null,
+    ///   false in it.
+    /// - Text in a variant is read in base 10. Other types are what QMetaType::convert() makes of
+    ///   them, so that reals are rounded, and what does not fit an integer loses its high bits; 0
+    ///   if there is no conversion.
     ///
     /// The 8-bit integers are the low 8 bits of the 16-bit ones: the text "300" gives 44.
     /// @{
-    static constexpr ToInteger<qint8, short, &QLocale::toShort, &QString::toShort> toInt8{};
-    static constexpr ToInteger<quint8, ushort, &QLocale::toUShort, &QString::toUShort> toUInt8{};
-    static constexpr ToInteger<qint16, short, &QLocale::toShort, &QString::toShort> toInt16{};
-    static constexpr ToInteger<quint16, ushort, &QLocale::toUShort, &QString::toUShort> toUInt16{};
-    static constexpr ToInteger<qint32, int, &QLocale::toInt, &QString::toInt> toInt32{};
-    static constexpr ToInteger<quint32, uint, &QLocale::toUInt, &QString::toUInt> toUInt32{};
-    static constexpr ToInteger<qint64, qlonglong, &QLocale::toLongLong, &QString::toLongLong>
-        toInt64{};
-    static constexpr ToInteger<quint64, qulonglong, &QLocale::toULongLong, &QString::toULongLong>
-        toUInt64{};
+    TAVEX_TO_INTEGER(toInt8, qint8)
+    TAVEX_TO_INTEGER(toUInt8, quint8)
+    TAVEX_TO_INTEGER(toInt16, qint16)
+    TAVEX_TO_INTEGER(toUInt16, quint16)
+    TAVEX_TO_INTEGER(toInt32, qint32)
+    TAVEX_TO_INTEGER(toUInt32, quint32)
+    TAVEX_TO_INTEGER(toInt64, qint64)
+    TAVEX_TO_INTEGER(toUInt64, quint64)
     /// @}
 
-    /// Called as toInt32 and its like, without a base.
+    /// The same for reals, which have no base.
     /// @{
-    static constexpr ToReal<float, &QLocale::toFloat> toSingle{};
-    static constexpr ToReal<double, &QLocale::toDouble> toDouble{};
+    TAVEX_TO_REAL(toSingle, float)
+    TAVEX_TO_REAL(toDouble, double)
     /// @}
+
+#undef TAVEX_TO_REAL
+#undef TAVEX_TO_INTEGER
+#undef TAVEX_TO_NUMBER
 
 protected:
     /// Whether \a value holds text.
@@ -168,27 +122,7 @@ protected:
     }
 
     /// QMetaType::convert() of \a value into \a result. It registers nothing.
-    TAVEX_EXPORT static bool convert(const QVariant &value, QMetaType type, void *result);
-
-private:
-    template <typename T, T (QLocale::*InLocale)(QStringView, bool *) const>
-    static T read(const QString &text, bool *ok, const QLocale &locale)
-    {
-        bool isNumber = false;
-        T value = (locale.*InLocale)(text, &isNumber);
-        if (!isNumber) {
-            const QString plain = plainText(text, locale);
-            if (!plain.isEmpty())
-                value = (QLocale::c().*InLocale)(plain, &isNumber);
-        }
-        if (ok)
-            *ok = isNumber;
-        return value;
-    }
-
-    /// \a text as the C locale writes it, if it is to the letter what SConvert::toString() makes of
-    /// a number in \a locale; else an empty text.
-    TAVEX_EXPORT static QString plainText(const QString &text, const QLocale &locale);
+    static bool convert(const QVariant &value, QMetaType type, void *result);
 };
 
 } // namespace Quorvex

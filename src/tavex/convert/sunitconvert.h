@@ -18,17 +18,6 @@ namespace Quorvex {
 /// units are the same, the value is returned untouched, so that it stays exact.
 class SUnitConvert
 {
-    /// The conversion to one unit, which makes a function of its own of every unit.
-    template <auto Target>
-    struct To
-    {
-        template <SNumber T>
-        [[nodiscard]] T operator()(T value, decltype(Target) from) const noexcept
-        {
-            return convert(value, from, Target);
-        }
-    };
-
     template <SNumber T, typename Unit>
     static T scale(T value, double base, Unit from, Unit to) noexcept
     {
@@ -75,6 +64,14 @@ class SUnitConvert
     /// What one inch has by definition, the only link between the two systems of lengths.
     static constexpr double CentimetersPerInch = 2.54;
 
+// Every unit has a function of its own.
+#define TAVEX_TO_UNIT(Name, Enum, Unit)                                                            \
+    template <SNumber T>                                                                           \
+    [[nodiscard]] static T Name(T value, Enum from) noexcept                                       \
+    {                                                                                              \
+        return convert(value, from, Enum::Unit);                                                   \
+    }
+
 public:
     /// \a value, given in \a from, in the unit \a to.
     template <SNumber T>
@@ -83,18 +80,18 @@ public:
         return convert(value, from, to);
     }
 
-    /// Each is called with a value and its unit: `toKiB(value, from)` is
+    /// \a value, given in \a from, in the unit of the name: `toKiB(value, from)` is
     /// `binaryUnits(value, from, BinaryUnit::KiB)`.
     /// @{
-    static constexpr To<BinaryUnit::Byte> toBytes{};
-    static constexpr To<BinaryUnit::KiB> toKiB{};
-    static constexpr To<BinaryUnit::MiB> toMiB{};
-    static constexpr To<BinaryUnit::GiB> toGiB{};
-    static constexpr To<BinaryUnit::TiB> toTiB{};
-    static constexpr To<BinaryUnit::PiB> toPiB{};
-    static constexpr To<BinaryUnit::EiB> toEiB{};
-    static constexpr To<BinaryUnit::ZiB> toZiB{};
-    static constexpr To<BinaryUnit::YiB> toYiB{};
+    TAVEX_TO_UNIT(toBytes, BinaryUnit, Byte)
+    TAVEX_TO_UNIT(toKiB, BinaryUnit, KiB)
+    TAVEX_TO_UNIT(toMiB, BinaryUnit, MiB)
+    TAVEX_TO_UNIT(toGiB, BinaryUnit, GiB)
+    TAVEX_TO_UNIT(toTiB, BinaryUnit, TiB)
+    TAVEX_TO_UNIT(toPiB, BinaryUnit, PiB)
+    TAVEX_TO_UNIT(toEiB, BinaryUnit, EiB)
+    TAVEX_TO_UNIT(toZiB, BinaryUnit, ZiB)
+    TAVEX_TO_UNIT(toYiB, BinaryUnit, YiB)
     /// @}
 
     /// Brings \a value, given in \a unit, into the unit that reads best and returns that unit: the
@@ -102,11 +99,11 @@ public:
     /// bytes, and 1536 bytes become 1.5 KiB as a real but stay as an integer, which would be 1.)
     /// Values of 1 or less stay as they are.
     template <SNumber T>
-    static BinaryUnit autoBinaryUnits(T &value, BinaryUnit unit) noexcept
+    [[nodiscard]] static BinaryUnit autoBinaryUnits(T &value, BinaryUnit unit) noexcept
     {
         T best = value;
         BinaryUnit bestUnit = unit;
-        for (const SEnumKey<BinaryUnit> &row : BinaryUnit_T::rows) {
+        for (const SEnumKey<BinaryUnit> &row : BinaryUnit_T::rows()) {
             const T candidate = convert(value, unit, row.value);
             if (candidate > T(1) && candidate < best) {
                 best = candidate;
@@ -124,30 +121,30 @@ public:
         return convert(value, from, to);
     }
 
-    /// Each is called with a value and its prefix: `toKilo(value, from)` is
-    /// `siPrefixes(value, from, SIPrefix::Kilo)`.
+    /// \a value, given with the prefix \a from, with the prefix of the name: `toKilo(value, from)`
+    /// is `siPrefixes(value, from, SIPrefix::Kilo)`.
     /// @{
-    static constexpr To<SIPrefix::Yocto> toYocto{};
-    static constexpr To<SIPrefix::Zepto> toZepto{};
-    static constexpr To<SIPrefix::Atto> toAtto{};
-    static constexpr To<SIPrefix::Femto> toFemto{};
-    static constexpr To<SIPrefix::Pico> toPico{};
-    static constexpr To<SIPrefix::Nano> toNano{};
-    static constexpr To<SIPrefix::Micro> toMicro{};
-    static constexpr To<SIPrefix::Milli> toMilli{};
-    static constexpr To<SIPrefix::Centi> toCenti{};
-    static constexpr To<SIPrefix::Deci> toDeci{};
-    static constexpr To<SIPrefix::Base> toBaseUnit{};
-    static constexpr To<SIPrefix::Deca> toDeca{};
-    static constexpr To<SIPrefix::Hecto> toHecto{};
-    static constexpr To<SIPrefix::Kilo> toKilo{};
-    static constexpr To<SIPrefix::Mega> toMega{};
-    static constexpr To<SIPrefix::Giga> toGiga{};
-    static constexpr To<SIPrefix::Tera> toTera{};
-    static constexpr To<SIPrefix::Peta> toPeta{};
-    static constexpr To<SIPrefix::Exa> toExa{};
-    static constexpr To<SIPrefix::Zetta> toZetta{};
-    static constexpr To<SIPrefix::Yotta> toYotta{};
+    TAVEX_TO_UNIT(toYocto, SIPrefix, Yocto)
+    TAVEX_TO_UNIT(toZepto, SIPrefix, Zepto)
+    TAVEX_TO_UNIT(toAtto, SIPrefix, Atto)
+    TAVEX_TO_UNIT(toFemto, SIPrefix, Femto)
+    TAVEX_TO_UNIT(toPico, SIPrefix, Pico)
+    TAVEX_TO_UNIT(toNano, SIPrefix, Nano)
+    TAVEX_TO_UNIT(toMicro, SIPrefix, Micro)
+    TAVEX_TO_UNIT(toMilli, SIPrefix, Milli)
+    TAVEX_TO_UNIT(toCenti, SIPrefix, Centi)
+    TAVEX_TO_UNIT(toDeci, SIPrefix, Deci)
+    TAVEX_TO_UNIT(toBaseUnit, SIPrefix, Base)
+    TAVEX_TO_UNIT(toDeca, SIPrefix, Deca)
+    TAVEX_TO_UNIT(toHecto, SIPrefix, Hecto)
+    TAVEX_TO_UNIT(toKilo, SIPrefix, Kilo)
+    TAVEX_TO_UNIT(toMega, SIPrefix, Mega)
+    TAVEX_TO_UNIT(toGiga, SIPrefix, Giga)
+    TAVEX_TO_UNIT(toTera, SIPrefix, Tera)
+    TAVEX_TO_UNIT(toPeta, SIPrefix, Peta)
+    TAVEX_TO_UNIT(toExa, SIPrefix, Exa)
+    TAVEX_TO_UNIT(toZetta, SIPrefix, Zetta)
+    TAVEX_TO_UNIT(toYotta, SIPrefix, Yotta)
     /// @}
 
     /// \a value, given in \a from, in the unit \a to. Integers are multiplied and then divided as
@@ -160,16 +157,17 @@ public:
         return convert(value, from, to);
     }
 
-    /// Each is called with a value and its unit: `toMiles(value, from)` is
+    /// \a value, given in \a from, in the unit of the name: `toMiles(value, from)` is
     /// `scsLengthUnits(value, from, SCSLengthUnit::Mile)`.
     /// @{
-    static constexpr To<SCSLengthUnit::Inch> toInches{};
-    static constexpr To<SCSLengthUnit::Foot> toFoots{};
-    static constexpr To<SCSLengthUnit::Yard> toYards{};
-    static constexpr To<SCSLengthUnit::Rod> toRods{};
-    static constexpr To<SCSLengthUnit::Furlong> toFurlongs{};
-    static constexpr To<SCSLengthUnit::Mile> toMiles{};
+    TAVEX_TO_UNIT(toInches, SCSLengthUnit, Inch)
+    TAVEX_TO_UNIT(toFoots, SCSLengthUnit, Foot)
+    TAVEX_TO_UNIT(toYards, SCSLengthUnit, Yard)
+    TAVEX_TO_UNIT(toRods, SCSLengthUnit, Rod)
+    TAVEX_TO_UNIT(toFurlongs, SCSLengthUnit, Furlong)
+    TAVEX_TO_UNIT(toMiles, SCSLengthUnit, Mile)
     /// @}
+#undef TAVEX_TO_UNIT
 
     /// \a value, given in the SI unit \a from, in the customary unit \a to. It is brought to
     /// centimetres, then to inches, then to \a to; integers are truncated after each of the three

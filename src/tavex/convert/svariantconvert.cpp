@@ -1,6 +1,6 @@
 #include <tavex/convert/svariantconvert.h>
 
-#include <tavex/core/lasting_p.h>
+#include <tavex/core/startup_p.h>
 
 #include <map>
 #include <mutex>

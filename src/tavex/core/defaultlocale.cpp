@@ -1,9 +1,11 @@
 #include <tavex/core/defaultlocale_p.h>
 
-#include <tavex/core/lasting_p.h>
+#include <tavex/core/startup_p.h>
 
 #include <QList>
 #include <QLocale>
+
+#include <mutex>
 
 namespace Quorvex {
 
@@ -22,10 +24,10 @@ void keepDefaultLocale()
 
 void keepDefaultLocaleAtExit()
 {
-    // Not std::atexit(), which the thread sanitizer calls after the library was unloaded.
+    // Not std::atexit(): with the thread sanitizer its function runs after the library is unloaded.
     struct AtExit
     {
-        // Qt makes its own at first use, and what is made later is destroyed earlier.
+        // Makes Qt create its default locale first, so that this object is destroyed before it.
         AtExit() { static_cast<void>(QLocale()); }
         ~AtExit() { keepDefaultLocale(); }
         Q_DISABLE_COPY_MOVE(AtExit)

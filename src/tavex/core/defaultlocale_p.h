@@ -2,12 +2,12 @@
 
 namespace Quorvex {
 
-/// Keeps the present default locale of Qt until the library is unloaded. Qt deletes one that is
-/// replaced, even while another thread copies it.
+/// Keeps a copy of Qt's present default locale until the library is unloaded. Without it, Qt would
+/// delete the locale when it is replaced, even while another thread copies it.
 void keepDefaultLocale();
 
-/// Does so when the program exits: Qt destroys its default locale before globals of the program
-/// that are older, whose destructors then could print nothing. Cheap to call again.
+/// Does so when the program exits. Qt then destroys its default locale, but globals of the program
+/// that were made before may still print in their destructors. Cheap to call again.
 void keepDefaultLocaleAtExit();
 
 } // namespace Quorvex

@@ -6,9 +6,9 @@
 
 namespace Quorvex {
 
-/// Opens a closed \a device that is to be closed again. False, too, for a QSaveFile: to close it
-/// ends the process, since it is up to its owner to commit it. Qt's log hears nothing of a file
-/// without a name, unless it is a temporary one, which finds its own.
+/// Opens \a device, which the caller will close again. False if it is open already, or cannot be
+/// opened, and for two devices that are not even tried: a QSaveFile, because its close() aborts the
+/// program, and a file without a name, because Qt would log it. (A temporary file finds a name.)
 inline bool openDevice(QIODevice *device, QIODevice::OpenMode mode)
 {
     const auto *const file = qobject_cast<QFile *>(device);

@@ -3,7 +3,7 @@
 #include <QtGlobal>
 
 /// \file
-/// Marks what the library file exports.
+/// What every public header needs.
 
 /// \namespace Quorvex
 /// All that the library offers.
@@ -12,7 +12,7 @@
 /// What classes of the library and of applications may implement.
 
 /// \def TAVEX_EXPORT
-/// Stands before a class or a function that programs may use.
+/// Marks a class or a function that the library exports.
 
 #ifdef TAVEX_LIBRARY
 #define TAVEX_EXPORT Q_DECL_EXPORT

@@ -1,5 +1,5 @@
-#include <tavex/core/lasting_p.h>
 #include <tavex/core/listtype_p.h>
+#include <tavex/core/startup_p.h>
 
 #include <mutex>
 #include <vector>
@@ -13,7 +13,7 @@ namespace {
 
 using Description = QtPrivate::QMetaTypeInterface;
 
-/// Gives \a type what only the library can do.
+/// Copies from \a from the functions whose code lies in the library.
 void setFunctions(Description &type, const Description &from)
 {
     type.equals = from.equals;
@@ -24,7 +24,7 @@ void setFunctions(Description &type, const Description &from)
     type.legacyRegisterOp = from.legacyRegisterOp;
 }
 
-/// The descriptions that were made.
+/// The descriptions that the library has handed out.
 class Descriptions
 {
 public:
@@ -41,14 +41,14 @@ public:
     QMetaType add(const Description &own)
     {
         const std::scoped_lock lock(m_mutex);
-        // Not that of this library's copy of QByteArray.
+        // By its number: the description of QByteArray that lies in Qt Core.
         const Description &bytes = *QMetaType(QMetaType::QByteArray).iface();
         const Description *const known = QMetaType::fromName(own.name).iface();
         if (known && known->copyCtr == bytes.copyCtr && !known->equals) {
-            // It has been waiting since the library was unloaded.
+            // Left behind when the library was unloaded: put to use again.
             m_types.push_back(const_cast<Description *>(known));
             setFunctions(*m_types.back(), own);
-            own.legacyRegisterOp(); // Qt calls it only when it numbers the type.
+            own.legacyRegisterOp(); // Qt calls it only when it gives the type its number.
         } else {
             m_types.push_back(new Description{own.revision, own.alignment, own.size, own.flags, 0,
                 nullptr, qstrdup(own.name), bytes.defaultCtr, bytes.copyCtr, bytes.moveCtr,
@@ -65,7 +65,7 @@ private:
         if (QMetaType::isRegistered(number) && QMetaType(number).iface() == type) {
             setFunctions(*type, Description{});
 #ifdef __SANITIZE_ADDRESS__
-            __lsan_ignore_object(type); // Nobody can tell when the program has no more use for it.
+            __lsan_ignore_object(type); // The program may use it to its end.
 #endif
             return;
         }

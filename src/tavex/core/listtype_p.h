@@ -9,16 +9,17 @@
 
 namespace Quorvex::MetaType {
 
-/// A copy of \a own, the library's description of a list of numbers, that may outlive the library.
+/// A copy of \a own, the library's description of a list of numbers. It may outlive the library.
 /// \sa ofList
 QMetaType outliving(QMetaType own);
 
 /// The description of QList<T> in the library's variants.
 ///
-/// Whoever asks such a variant for the number of its type makes Qt keep the description, and every
-/// module the number. So this one does not lie in the library's file, and stays if Qt has it. What
-/// creates, copies and destroys its values is the code of QByteArray, which lies in Qt Core: in
-/// memory the two are the same, and are so for as long as Qt keeps its binary interface.
+/// When somebody asks such a variant for the number of its type, Qt stores a pointer to the
+/// description, and every module stores the number. So this description does not lie in the
+/// library's file, and stays behind if Qt points to it. Its functions that create, copy and destroy
+/// values are those of QByteArray, which lie in Qt Core: both classes look the same in memory, and
+/// will as long as Qt keeps its binary interface.
 template <typename T>
 requires std::is_arithmetic_v<T> QMetaType ofList()
 {

@@ -3,14 +3,14 @@
 #include <QMetaType>
 
 /// \file
-/// Questions about types that Qt answers only after it has registered their descriptions. Those lie
-/// in the module that made a variant, which may be unloaded before Qt lets go of them.
+/// Questions about types that Qt itself would answer only after registering their descriptions. A
+/// description lies in the module that made a variant, and Qt would still point to it when that
+/// module is unloaded.
 
 namespace Quorvex::MetaType {
 
 /// The description of \a type that Qt has registered, which may be another module's; an invalid one
-/// if there is none. Nothing can have been registered for such a type either: no converter, no
-/// name.
+/// if there is none. Then there is no converter and no name for the type either.
 inline QMetaType registered(QMetaType type)
 {
     return type.isRegistered() || !type.isValid() ? type : QMetaType::fromName(type.name());

@@ -1,6 +1,6 @@
 #include <tavex/core/sclassname.h>
 
-#include <tavex/core/lasting_p.h>
+#include <tavex/core/startup_p.h>
 
 #include <QRegularExpression>
 #include <QStringList>
@@ -25,7 +25,7 @@ constinit Lasting<Patterns> patterns;
 
 } // namespace
 
-/// The name as it stands in source code: compilers with the Itanium ABI give it encoded.
+/// The name as it stands in source code; compilers with the Itanium ABI encode it.
 static QString readableName(const std::type_info &type)
 {
 #if __has_include(<cxxabi.h>)

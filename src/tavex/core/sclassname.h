@@ -13,7 +13,7 @@ class TAVEX_EXPORT SClassName
 {
 public:
     /// The class name of \a type without namespaces and keywords, such as "SMetaInt32".
-    /// A type of a class template is no such name; the result is then of no use to a reader.
+    /// Of a class template's type the result may be only a part of the name.
     [[nodiscard]] static QString name(const std::type_info &type);
 
     /// \a className in words: without the prefixes "S" and "Meta", split where a word or a number

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <tavex/application/senumtranslatorbase.h>
-#include <tavex/enums/senum.h>
+#include <tavex/enums/senumbase.h>
+#include <tavex/enums/senumtranslatorbase.h>
 
 namespace Quorvex {
 
-#define TAVEX_BINARYUNIT_KEYS(KEY)                                                                 \
+#define TAVEX_BinaryUnit_KEYS(KEY)                                                                 \
     KEY(Byte, 0)                                                                                   \
     KEY(KiB, 10)                                                                                   \
     KEY(MiB, 20)                                                                                   \
@@ -17,7 +17,7 @@ namespace Quorvex {
     KEY(YiB, 80)
 
 /// A unit of data size. Each value is the power of two that the unit stands for (IEC 80000-13).
-TAVEX_ENUM(BinaryUnit, qint32, TAVEX_BINARYUNIT_KEYS);
-TAVEX_ENUM_TRANSLATOR(BinaryUnit);
+TAVEX_EXPORTED_ENUM(TAVEX_EXPORT, BinaryUnit, qint32, TAVEX_BinaryUnit_KEYS);
+TAVEX_EXPORTED_ENUM_TRANSLATOR(TAVEX_EXPORT, BinaryUnit);
 
 } // namespace Quorvex

@@ -1,16 +1,16 @@
 #pragma once
 
-#include <tavex/application/senumtranslatorbase.h>
-#include <tavex/enums/senum.h>
+#include <tavex/enums/senumbase.h>
+#include <tavex/enums/senumtranslatorbase.h>
 
 namespace Quorvex {
 
-#define TAVEX_BOOL_KEYS(KEY)                                                                       \
+#define TAVEX_Bool_KEYS(KEY)                                                                       \
     KEY(False, 0)                                                                                  \
     KEY(True, 1)
 
 /// A truth value whose words can be named and translated.
-TAVEX_ENUM(Bool, bool, TAVEX_BOOL_KEYS);
-TAVEX_ENUM_TRANSLATOR(Bool);
+TAVEX_EXPORTED_ENUM(TAVEX_EXPORT, Bool, bool, TAVEX_Bool_KEYS);
+TAVEX_EXPORTED_ENUM_TRANSLATOR(TAVEX_EXPORT, Bool);
 
 } // namespace Quorvex

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <tavex/enums/senum.h>
+#include <tavex/enums/senumbase.h>
 
 namespace Quorvex {
 
-#define TAVEX_BYTEORDER_KEYS(KEY)                                                                  \
+#define TAVEX_ByteOrder_KEYS(KEY)                                                                  \
     KEY(BigEndian, 0)                                                                              \
     KEY(LittleEndian, 1)
 
 /// The order of the bytes of a number in memory.
-TAVEX_ENUM(ByteOrder, qint32, TAVEX_BYTEORDER_KEYS);
+TAVEX_EXPORTED_ENUM(TAVEX_EXPORT, ByteOrder, qint32, TAVEX_ByteOrder_KEYS);
 
 } // namespace Quorvex

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <tavex/application/senumtranslatorbase.h>
-#include <tavex/enums/senum.h>
+#include <tavex/enums/senumbase.h>
+#include <tavex/enums/senumtranslatorbase.h>
 
 namespace Quorvex {
 
-#define TAVEX_CONCURRENCEMODE_KEYS(KEY)                                                            \
+#define TAVEX_ConcurrenceMode_KEYS(KEY)                                                            \
     KEY(Default, 1) /**< no number of its own */                                                   \
     KEY(Half, 2)                                                                                   \
     KEY(MoreThanHalf, 3) /**< three quarters */                                                    \
@@ -13,7 +13,7 @@ namespace Quorvex {
     KEY(Full, 5)
 
 /// How many of the processors a program is to use.
-TAVEX_ENUM(ConcurrenceMode, qint32, TAVEX_CONCURRENCEMODE_KEYS);
-TAVEX_ENUM_TRANSLATOR(ConcurrenceMode);
+TAVEX_EXPORTED_ENUM(TAVEX_EXPORT, ConcurrenceMode, qint32, TAVEX_ConcurrenceMode_KEYS);
+TAVEX_EXPORTED_ENUM_TRANSLATOR(TAVEX_EXPORT, ConcurrenceMode);
 
 } // namespace Quorvex

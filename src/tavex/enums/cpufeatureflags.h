@@ -1,10 +1,15 @@
 #pragma once
 
-#include <tavex/enums/senum.h>
+#include <tavex/enums/senumbase.h>
 
 namespace Quorvex {
 
-#define TAVEX_CPUFEATUREFLAGS_KEYS(KEY)                                                            \
+enum class CpuFeatureFlags : quint64;
+/// It is a set of flags.
+template <>
+inline constexpr bool isFlags<CpuFeatureFlags> = true;
+
+#define TAVEX_CpuFeatureFlags_KEYS(KEY)                                                            \
     KEY(None, Q_UINT64_C(0))                                                                       \
     KEY(MMX, Q_UINT64_C(1) << 0)                                                                   \
     KEY(SSE, Q_UINT64_C(1) << 1)                                                                   \
@@ -62,10 +67,6 @@ namespace Quorvex {
 
 /// Instruction set extensions, named as their makers do: bits 0 to 47 those of x86, bits 48 to 63
 /// those of Arm.
-TAVEX_ENUM(CpuFeatureFlags, quint64, TAVEX_CPUFEATUREFLAGS_KEYS);
-
-/// It is a set of flags.
-template <>
-inline constexpr bool isFlagSetType<CpuFeatureFlags> = true;
+TAVEX_EXPORTED_ENUM(TAVEX_EXPORT, CpuFeatureFlags, quint64, TAVEX_CpuFeatureFlags_KEYS);
 
 } // namespace Quorvex

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <tavex/enums/senum.h>
+#include <tavex/enums/senumbase.h>
 
 namespace Quorvex {
 
-#define TAVEX_CPUTYPE_KEYS(KEY)                                                                    \
+#define TAVEX_CpuType_KEYS(KEY)                                                                    \
     KEY(Unknown, 0)                                                                                \
     KEY(X86, 1)                                                                                    \
     KEY(X86_64, 2)                                                                                 \
@@ -21,6 +21,6 @@ namespace Quorvex {
     KEY(WebAssembly, 13)
 
 /// The instruction set family of a processor.
-TAVEX_ENUM(CpuType, qint32, TAVEX_CPUTYPE_KEYS);
+TAVEX_EXPORTED_ENUM(TAVEX_EXPORT, CpuType, qint32, TAVEX_CpuType_KEYS);
 
 } // namespace Quorvex

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <tavex/enums/senumflags.h>
+#include <tavex/enums/sflags.h>
 
 #include <QtGlobal>
 
@@ -15,6 +15,6 @@ enum class EnumTranslationOptions : quint32 {
 
 /// It is a set of flags.
 template <>
-inline constexpr bool isFlagSetType<EnumTranslationOptions> = true;
+inline constexpr bool isFlags<EnumTranslationOptions> = true;
 
 } // namespace Quorvex

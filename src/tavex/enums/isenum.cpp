@@ -1,28 +1,36 @@
 #include <tavex/enums/isenum.h>
 
-#include <tavex/application/senumruntimeloader.h>
 #include <tavex/core/defaultlocale_p.h>
-#include <tavex/core/lasting_p.h>
+#include <tavex/enums/enumtranslators_p.h>
+#include <tavex/enums/senumruntimeloader.h>
 
 #include <QHash>
 #include <QScopeGuard>
+
+#include <atomic>
 
 namespace Quorvex {
 
 struct ISEnum::Private
 {
-    QHash<qint64, QStringList> keys;
-    QStringList order;
-    std::atomic<bool> isComplete = true;
+    QString name;
+    QHash<qint64, QStringList> keys = {};
+    QStringList order = {};
+    std::atomic<bool> isComplete = false;
     bool isLoading = false; ///< Under loadLock().
 };
 
-ISEnum::ISEnum()
-    : d(std::make_unique<Private>())
+ISEnum::ISEnum(const QString &name)
+    : d(new Private{name})
 {
 }
 
 ISEnum::~ISEnum() = default;
+
+QString ISEnum::name() const
+{
+    return d->name;
+}
 
 bool ISEnum::addKey(qint64 value, const QString &key)
 {
@@ -33,17 +41,12 @@ bool ISEnum::addKey(qint64 value, const QString &key)
     return true;
 }
 
-void ISEnum::loadRuntimeKeys()
-{
-    // Not yet: the table may be a function-local static, for which other threads wait, and so may
-    // what the loader uses.
-    d->isComplete = false;
-}
-
 void ISEnum::load() const
 {
     if (d->isComplete.load(std::memory_order_acquire))
         return;
+    // The constructor does not load: while a function-local static is made, other threads wait for
+    // it, and the loader could wait for one of them.
     keepDefaultLocaleAtExit();
     const std::scoped_lock lock(loadLock());
     if (d->isComplete || d->isLoading)

@@ -13,8 +13,11 @@ namespace Quorvex {
 /// The key table of an enumeration: which key texts each value has.
 ///
 /// Tables are derived from SEnumBase; this part does not know the enumeration's type and takes
-/// values as 64-bit numbers (unsigned ones as their bit pattern). A table is complete when it is
-/// first read and only read afterwards, so any thread may use it.
+/// values as 64-bit numbers (unsigned ones as their bit pattern).
+///
+/// When a table is first read, the runtime loader of its name, if there is one, adds keys. From
+/// then on it is only read, and any thread may do so. A loader that reads the table it adds to sees
+/// the keys so far; other threads wait until it is done.
 class TAVEX_EXPORT ISEnum
 {
 public:
@@ -22,10 +25,10 @@ public:
     virtual ~ISEnum();
 
     /// The enumeration's name without namespace, such as "Bool".
-    [[nodiscard]] virtual QString name() const = 0;
+    [[nodiscard]] virtual QString name() const;
 
-    /// Whether the values are bits that can be combined.
-    [[nodiscard]] virtual bool isFlagSet() const = 0;
+    /// Whether the values are bits that can be combined; see \ref Quorvex::isFlags.
+    [[nodiscard]] virtual bool isFlags() const = 0;
 
     /// Adds \a key behind the keys that \a value already has, so that it becomes the value's text.
     /// Returns false for an empty key and for a pair that the table holds already.
@@ -33,12 +36,8 @@ public:
     bool addKey(qint64 value, const QString &key);
 
 protected:
-    ISEnum();
-
-    /// Lets the loader that is registered for name(), if there is one, add its keys when the table
-    /// is first read. To be called once, by the constructor of the most derived class. A loader
-    /// that reads the table sees what is in it so far; other threads wait for the whole.
-    void loadRuntimeKeys();
+    /// An empty table of the enumeration \a name.
+    explicit ISEnum(const QString &name);
 
     /// All keys in the order in which they were added.
     [[nodiscard]] const QStringList &allKeys() const;

@@ -1,10 +1,15 @@
 #pragma once
 
-#include <tavex/enums/senum.h>
+#include <tavex/enums/senumbase.h>
 
 namespace Quorvex {
 
-#define TAVEX_METADATAFLAGS_KEYS(KEY)                                                              \
+enum class MetadataFlags : qint32;
+/// It is a set of flags.
+template <>
+inline constexpr bool isFlags<MetadataFlags> = true;
+
+#define TAVEX_MetadataFlags_KEYS(KEY)                                                              \
     KEY(None, 0)                  /**< keep it in every case */                                    \
     KEY(KillOnCopy, 1)            /**< when the owner is copied */                                 \
     KEY(KillOnSave, 2)            /**< when the owner is saved */                                  \
@@ -14,10 +19,6 @@ namespace Quorvex {
     KEY(Volatile, 31)             /**< all of the above */
 
 /// When the owner of a metadata value is to drop it.
-TAVEX_ENUM(MetadataFlags, qint32, TAVEX_METADATAFLAGS_KEYS);
-
-/// It is a set of flags.
-template <>
-inline constexpr bool isFlagSetType<MetadataFlags> = true;
+TAVEX_EXPORTED_ENUM(TAVEX_EXPORT, MetadataFlags, qint32, TAVEX_MetadataFlags_KEYS);
 
 } // namespace Quorvex

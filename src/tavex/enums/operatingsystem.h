@@ -1,10 +1,10 @@
 #pragma once
 
-#include <tavex/enums/senum.h>
+#include <tavex/enums/senumbase.h>
 
 namespace Quorvex {
 
-#define TAVEX_OPERATINGSYSTEM_KEYS(KEY)                                                            \
+#define TAVEX_OperatingSystem_KEYS(KEY)                                                            \
     KEY(Windows_32s, 0x1)                                                                          \
     KEY(Windows_95, 0x2)                                                                           \
     KEY(Windows_98, 0x3)                                                                           \
@@ -69,6 +69,6 @@ namespace Quorvex {
 /// An operating system in bit fields: bits 0 to 3 the Windows 9x line, 4 to 7 the NT line, 8 to 11
 /// the CE line, 12 to 17 macOS, from 20 iOS, from 24 other families. Bit 31 marks a version by its
 /// marketing name.
-TAVEX_ENUM(OperatingSystem, quint32, TAVEX_OPERATINGSYSTEM_KEYS);
+TAVEX_EXPORTED_ENUM(TAVEX_EXPORT, OperatingSystem, quint32, TAVEX_OperatingSystem_KEYS);
 
 } // namespace Quorvex

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <tavex/application/senumtranslatorbase.h>
-#include <tavex/enums/senum.h>
+#include <tavex/enums/senumbase.h>
+#include <tavex/enums/senumtranslatorbase.h>
 
 namespace Quorvex {
 
-#define TAVEX_OPERATINGSYSTEMTYPE_KEYS(KEY)                                                        \
+#define TAVEX_OperatingSystemType_KEYS(KEY)                                                        \
     KEY(macOS, 1)                                                                                  \
     KEY(iOS, 2)                                                                                    \
     KEY(Windows, 3)                                                                                \
@@ -16,7 +16,7 @@ namespace Quorvex {
     KEY(Symbian, 8)
 
 /// A family of operating systems.
-TAVEX_ENUM(OperatingSystemType, qint32, TAVEX_OPERATINGSYSTEMTYPE_KEYS);
-TAVEX_ENUM_TRANSLATOR(OperatingSystemType);
+TAVEX_EXPORTED_ENUM(TAVEX_EXPORT, OperatingSystemType, qint32, TAVEX_OperatingSystemType_KEYS);
+TAVEX_EXPORTED_ENUM_TRANSLATOR(TAVEX_EXPORT, OperatingSystemType);
 
 } // namespace Quorvex

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <tavex/enums/senum.h>
+#include <tavex/enums/senumbase.h>
 
 namespace Quorvex {
 
-#define TAVEX_SCSLENGTHUNIT_KEYS(KEY)                                                              \
+#define TAVEX_SCSLengthUnit_KEYS(KEY)                                                              \
     KEY(Inch, 1)                                                                                   \
     KEY(Foot, 12)                                                                                  \
     KEY(Yard, 36)                                                                                  \
@@ -13,6 +13,6 @@ namespace Quorvex {
     KEY(Mile, 63360)
 
 /// A customary length unit. Each value is the length in inches of exactly 2.54 centimetres.
-TAVEX_ENUM(SCSLengthUnit, qint32, TAVEX_SCSLENGTHUNIT_KEYS);
+TAVEX_EXPORTED_ENUM(TAVEX_EXPORT, SCSLengthUnit, qint32, TAVEX_SCSLengthUnit_KEYS);
 
 } // namespace Quorvex

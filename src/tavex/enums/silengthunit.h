@@ -1,10 +1,10 @@
 #pragma once
 
-#include <tavex/enums/senum.h>
+#include <tavex/enums/senumbase.h>
 
 namespace Quorvex {
 
-#define TAVEX_SILENGTHUNIT_KEYS(KEY)                                                               \
+#define TAVEX_SILengthUnit_KEYS(KEY)                                                               \
     KEY(YoctoMeter, -24)                                                                           \
     KEY(ZeptoMeter, -21)                                                                           \
     KEY(AttoMeter, -18)                                                                            \
@@ -28,6 +28,6 @@ namespace Quorvex {
     KEY(YottaMeter, 24)
 
 /// A length unit of the SI. Each value is the power of ten of a metre.
-TAVEX_ENUM(SILengthUnit, qint32, TAVEX_SILENGTHUNIT_KEYS);
+TAVEX_EXPORTED_ENUM(TAVEX_EXPORT, SILengthUnit, qint32, TAVEX_SILengthUnit_KEYS);
 
 } // namespace Quorvex

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <tavex/enums/senum.h>
+#include <tavex/enums/senumbase.h>
 
 namespace Quorvex {
 
-#define TAVEX_SIPREFIX_KEYS(KEY)                                                                   \
+#define TAVEX_SIPrefix_KEYS(KEY)                                                                   \
     KEY(Yocto, -24)                                                                                \
     KEY(Zepto, -21)                                                                                \
     KEY(Atto, -18)                                                                                 \
@@ -28,6 +28,6 @@ namespace Quorvex {
     KEY(Yotta, 24)
 
 /// A decimal prefix of the SI. Each value is the power of ten of the prefix.
-TAVEX_ENUM(SIPrefix, qint32, TAVEX_SIPREFIX_KEYS);
+TAVEX_EXPORTED_ENUM(TAVEX_EXPORT, SIPrefix, qint32, TAVEX_SIPrefix_KEYS);
 
 } // namespace Quorvex

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <tavex/enums/senum.h>
+#include <tavex/enums/senumbase.h>
 
 namespace Quorvex {
 
-#define TAVEX_SPECIALFOLDER_KEYS(KEY)                                                              \
+#define TAVEX_SpecialFolder_KEYS(KEY)                                                              \
     KEY(DesktopLocation, 0)                                                                        \
     KEY(DocumentsLocation, 1)                                                                      \
     KEY(FontsLocation, 2)                                                                          \
@@ -30,6 +30,6 @@ namespace Quorvex {
     KEY(ColorFolder, 102)        /**< installed colour profiles */
 
 /// A folder with a purpose. Values below 100 are those of QStandardPaths::StandardLocation.
-TAVEX_ENUM(SpecialFolder, qint32, TAVEX_SPECIALFOLDER_KEYS);
+TAVEX_EXPORTED_ENUM(TAVEX_EXPORT, SpecialFolder, qint32, TAVEX_SpecialFolder_KEYS);
 
 } // namespace Quorvex

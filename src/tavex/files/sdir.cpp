@@ -42,7 +42,7 @@ bool SDir::pathCompare(const QString &a, const QString &b, const Qt::CaseSensiti
 {
     const QString unipathA = toUnipath(a);
     const QString unipathB = toUnipath(b);
-    // Cleaning may take one of the two "/".
+    // QDir::cleanPath() may remove one of the two "/".
     const QLatin1String network("//");
     return unipathA.startsWith(network) == unipathB.startsWith(network)
         && QDir::cleanPath(unipathA).compare(QDir::cleanPath(unipathB), cs) == 0;
@@ -83,7 +83,7 @@ QString SDir::uniqueEnumeratedPath(const QString &path)
         base.truncate(suffix);
 
     QString candidate = base;
-    if (path.contains(QChar::Null)) // Nothing has such a name, which Qt logs when it is asked.
+    if (path.contains(QChar::Null)) // Qt would log a question about such a name, which nothing has.
         return candidate;
     for (int number = 1; number <= 99 && QDir(candidate).exists(); ++number)
         candidate = base + separator + QString::number(number);

@@ -12,7 +12,7 @@
 namespace Quorvex {
 
 /// The path of a directory, and helpers for paths. A value; the path is kept as it was given, and
-/// the directory need not exist.
+/// the directory need not exist. It is nothing but the path, so its layout is final.
 ///
 /// All members may be called from any thread; one object is changed by one thread at a time.
 class TAVEX_EXPORT SDir
@@ -25,7 +25,10 @@ public:
     }
 
     /// The path as it was given.
-    [[nodiscard]] const QString &path() const noexcept { return m_path; }
+    /// @{
+    [[nodiscard]] const QString &path() const &noexcept { return m_path; }
+    [[nodiscard]] QString path() &&noexcept { return std::move(m_path); }
+    /// @}
 
     /// Whether the directory exists on a volume that is known to be local, as SStorageInfo has it.
     /// Waits for no other volume.
@@ -57,8 +60,8 @@ public:
     /// \a path with "/" for every "\".
     [[nodiscard]] static QString toUnipath(const QString &path);
 
-    /// \a name with "_" for each of the characters ?*:; which Windows or a list of paths does not
-    /// bear.
+    /// \a name with "_" for each of the characters ?*:; which Windows does not allow in names, or
+    /// which separate the paths in a list.
     [[nodiscard]] static QString removeWrongChars(const QString &name);
 
     /// \a path, cleaned, and shortened for people to \a width UTF-16 code units around "..." in its

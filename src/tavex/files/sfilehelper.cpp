@@ -1,15 +1,17 @@
 #include <tavex/files/sfilehelper.h>
 
 #include <tavex/core/device_p.h>
-#include <tavex/core/lasting_p.h>
+#include <tavex/core/startup_p.h>
 #include <tavex/system/platform_p.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileDevice>
 #include <QFileInfo>
 #include <QThread>
 
+#include <atomic>
 #include <memory>
 #include <mutex>
 #include <new>
@@ -17,61 +19,82 @@
 namespace Quorvex {
 namespace {
 
-/// QIODevice::read(), but 0 at the end of a device that Qt lets say -1 there: of a socket that is
-/// closed or a process that has ended. Of a file, -1 is an error.
+/// Qt's words for an error without a reason.
+QString unknownError()
+{
+    return QFile().errorString();
+}
+
+/// QIODevice::read(), but 0 where a closed socket or an ended process returns -1 at its end. For a
+/// file, -1 stays an error.
 qint64 readSome(QIODevice *device, char *data, qint64 size)
 {
     const qint64 count = device->read(data, size);
     return count < 0 && device->atEnd() && !qobject_cast<QFileDevice *>(device) ? 0 : count;
 }
 
-/// Writes the chunk; false for an error.
-bool writeChunk(QIODevice *target, const char *data, qint64 size)
+/// Returns how many bytes the device took; -1 for an error.
+qint64 writeWhileTaken(QIODevice *device, const char *data, qint64 size)
 {
-    while (size > 0) {
-        const qint64 count = target->write(data, size);
-        if (count <= 0)
-            return count == 0;
-        data += count;
-        size -= count;
+    qint64 count = 0;
+    while (count < size) {
+        const qint64 written = device->write(data + count, size - count);
+        if (written < 0)
+            return -1;
+        if (written == 0)
+            break;
+        count += written;
     }
-    return true;
+    return count;
 }
 
-/// Copies between two devices that are meant to be open.
-bool copyOpen(QIODevice *target, QIODevice *source, quint64 bufferSize)
+/// Why \a device has just failed. QFile is silent on that if a part could be written.
+QString reasonOf(const QIODevice *device)
 {
-    // A source that gives nothing and cannot wait is asked again after so many milliseconds, and so
-    // often: about as long as devices wait by default.
+    const auto *const file = qobject_cast<const QFileDevice *>(device);
+    const QString reason = device->errorString();
+    const bool isSilent = file && file->error() != QFileDevice::NoError && reason == unknownError();
+    return isSilent ? qt_error_string() : reason;
+}
+
+/// Copies between two devices. Returns the one that failed, or null.
+QIODevice *copyOpen(QIODevice *target, QIODevice *source, quint64 bufferSize)
+{
+    // A source that has no data and cannot wait is asked again: each time after so many
+    // milliseconds, and in all about as long as the default timeout of devices.
     constexpr int Pause = 1;
     constexpr int MaxPauses = 30000;
 
-    if (!source->isReadable() || !target->isWritable())
-        return false;
+    if (!source->isReadable())
+        return source;
+    if (!target->isWritable())
+        return target;
     const std::unique_ptr<char[]> chunk(new (std::nothrow) char[bufferSize]);
     if (!chunk || bufferSize == 0) {
         char byte;
-        return source->peek(&byte, 1) == 0 && source->atEnd();
+        return source->peek(&byte, 1) == 0 && source->atEnd() ? nullptr : source;
     }
     for (int pauses = 0; pauses <= MaxPauses;) {
         const qint64 count = readSome(source, chunk.get(), qint64(bufferSize));
-        if (count < 0 || !writeChunk(target, chunk.get(), count))
-            return false;
+        if (count < 0)
+            return source;
+        if (writeWhileTaken(target, chunk.get(), count) < 0)
+            return target;
         if (count > 0) {
             pauses = 0;
         } else if (source->atEnd()) {
-            // Not asked earlier: a pipe, or a file that the system makes up, always says so.
-            return true;
+            // Asked only after a read: a pipe or a file in /proc is always "at its end".
+            return nullptr;
         } else if (!source->waitForReadyRead(-1)) {
             ++pauses;
             QThread::msleep(Pause);
         }
     }
-    return false;
+    return source;
 }
 
-/// What is to be deleted at the end. It belongs to one process: fork() gives the child a copy,
-/// which the child has to forget.
+/// What is to be deleted at the end. It belongs to one process: a child that fork() makes has a
+/// copy and must forget it.
 class DeletionList
 {
 public:
@@ -81,13 +104,16 @@ public:
         return list.get();
     }
 
-    DeletionList() = default;
+    DeletionList()
+    {
+        Platform::callInChildren([] { ++forks; });
+    }
     Q_DISABLE_COPY_MOVE(DeletionList)
     ~DeletionList()
     {
-        // Asked before the lock is taken, which another thread of the parent may have held when the
-        // child was made.
-        if (m_process.isSet())
+        // In a child, another thread of the parent may have held the lock when the child was made,
+        // and nobody would release it. So the lock is not taken there.
+        if (m_owner == thisProcess())
             deleteNow();
     }
 
@@ -113,36 +139,42 @@ private:
         list->append(absolute);
     }
 
+    /// Has the number of forks as well, because a child may have the process number of its parent
+    /// in a namespace of its own.
+    static qint64 thisProcess() { return qint64{forks} << 32 | QCoreApplication::applicationPid(); }
+
     void forgetParent()
     {
-        if (!m_process.set()) {
+        if (m_owner.exchange(thisProcess()) != thisProcess()) {
             m_files.clear();
             m_folders.clear();
         }
     }
 
-    /// True if the file is gone, or the link.
+    /// True if the file or link is gone.
     static bool deleteFile(const QString &path)
     {
         const QFileInfo info(path);
         return QFile::remove(path) || !(info.exists() || info.isSymLink());
     }
 
-    /// True if no folder is there any more.
+    /// True if the folder or link is gone.
     static bool deleteFolder(const QString &path)
     {
         const QFileInfo info(path);
         const bool isLink = info.isSymLink() || info.isJunction();
         if (!info.isDir() && !(isLink && !info.exists()))
             return true;
-        // What is behind a link is to stay.
+        // The target of a link stays.
         return isLink ? QFile::remove(path) || QDir().rmdir(path) : Platform::removeFolder(path);
     }
 
     QList<QString> m_files;
     QList<QString> m_folders;
     std::mutex m_mutex;
-    Platform::ProcessMark m_process;
+    std::atomic<qint64> m_owner = thisProcess();
+
+    static constinit inline std::atomic<int> forks = 0; ///< From the first process to this one.
 };
 
 } // namespace
@@ -186,15 +218,9 @@ qint64 SFileHelper::writeAllBuffer(QIODevice *device, const char *data, qint64 s
 {
     if (!device || (size > 0 && (!data || !device->isWritable())))
         return -1;
-    qint64 count = 0;
-    while (count < size) {
-        const qint64 written = device->write(data + count, size - count);
-        if (written < 0)
-            return -1;
-        if (written == 0)
-            break;
-        count += written;
-    }
+    const qint64 count = writeWhileTaken(device, data, size);
+    if (count < 0)
+        return -1;
     while (timeout != 0 && device->bytesToWrite() != 0) {
         if (!device->waitForBytesWritten(timeout))
             return -1;
@@ -204,27 +230,45 @@ qint64 SFileHelper::writeAllBuffer(QIODevice *device, const char *data, qint64 s
 
 bool SFileHelper::copyDevice(QIODevice *target, QIODevice *source, quint64 bufferSize)
 {
-    if (!target || !source)
-        return false;
-    // The source first: if there is none, the target stays as it is.
-    const bool opensSource = !source->isOpen();
-    if (opensSource && !openDevice(source, QIODevice::ReadOnly))
-        return false;
-    const bool opensTarget = !target->isOpen();
-    bool success = (!opensTarget || openDevice(target, QIODevice::WriteOnly))
-        && copyOpen(target, source, bufferSize);
+    return copyDevice(target, source, bufferSize, nullptr);
+}
 
-    // A file takes small pieces without an error and learns only later that they do not fit.
+bool SFileHelper::copyDevice(
+    QIODevice *target, QIODevice *source, quint64 bufferSize, QString *errorString)
+{
+    QString ignored;
+    QString &error = errorString ? *errorString : ignored;
+    error.clear();
+    if (!target || !source) {
+        error = unknownError();
+        return false;
+    }
+    // The source first: if it cannot be opened, the target is not touched.
+    const bool opensSource = !source->isOpen();
+    if (opensSource && !openDevice(source, QIODevice::ReadOnly)) {
+        error = source->errorString();
+        return false;
+    }
+    const bool opensTarget = !target->isOpen();
+    QIODevice *failed = opensTarget && !openDevice(target, QIODevice::WriteOnly)
+        ? target
+        : copyOpen(target, source, bufferSize);
+
+    // QFile buffers small pieces. That the disk is full shows only when they are flushed.
     auto *file = qobject_cast<QFileDevice *>(target);
-    if (file && file->isOpen())
-        success = file->flush() && success;
+    if (file && file->isOpen() && !file->flush() && !failed)
+        failed = file;
+    if (failed)
+        error = reasonOf(failed); // Before it is closed, when it forgets.
     if (opensTarget && target->isOpen())
         target->close();
-    if (file && opensTarget)
-        success = success && file->error() == QFileDevice::NoError;
+    if (file && opensTarget && !failed && file->error() != QFileDevice::NoError) {
+        failed = file;
+        error = file->errorString();
+    }
     if (opensSource)
         source->close();
-    return success;
+    return !failed;
 }
 
 QString SFileHelper::uniqueEnumeratedName(const QString &fileName)
@@ -256,7 +300,7 @@ const QString &SFileHelper::deleteFolderOnExit(const QString &path)
 const QString &SFileHelper::deleteOnExit(const QString &path)
 {
     if (path.contains(QChar::Null))
-        return path; // Nothing has such a name, which Qt logs when it is asked.
+        return path; // Qt would log a question about such a name, which nothing has.
     const QFileInfo info(path);
     if (info.isDir())
         return deleteFolderOnExit(path);

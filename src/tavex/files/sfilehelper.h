@@ -29,8 +29,8 @@ public:
     [[nodiscard]] static qint64 readAllBuffer(
         QIODevice *device, char *data, qint64 size, int timeout);
 
-    /// The next \a size bytes of the device, read in the same way; an empty array if they are not
-    /// to be had. \a size is narrowed to int, and a negative one gives an empty array.
+    /// The next \a size bytes of the device, read in the same way; an empty array if it gives
+    /// fewer. \a size is narrowed to int, and a negative one gives an empty array.
     [[nodiscard]] static QByteArray readAllBuffer(QIODevice *device, qint64 size, int timeout);
 
     /// Writes \a size bytes and returns how many the device took: fewer if it takes no more. -1 if
@@ -56,6 +56,11 @@ public:
     /// 0. The target then holds part of the data. A target that takes no byte of a chunk, without
     /// an error, loses the rest of that chunk, and the copy goes on.
     [[nodiscard]] static bool copyDevice(QIODevice *target, QIODevice *source, quint64 bufferSize);
+    /// The same, which tells in \a errorString, if that is not null, why it failed: the
+    /// errorString() of the device that failed, which it forgets when it is closed. Empty if the
+    /// copy is complete.
+    [[nodiscard]] static bool copyDevice(
+        QIODevice *target, QIODevice *source, quint64 bufferSize, QString *errorString);
 
     /// \a fileName if nothing exists there. Otherwise the first free one of "report - 2.tar.gz" to
     /// "report - 99.tar.gz" for "report.tar.gz", in the same folder; the last of them also if it is
@@ -66,21 +71,33 @@ public:
     // unloaded or the process ends by returning from main() or calling exit(). Relative paths count
     // from where the process is when they are registered; links in a path are followed when it is
     // deleted, also before a "..", but for the last name. A child that the process forked deletes
-    // nothing of what its parent registered. Each returns its argument.
+    // nothing of what its parent registered. Each returns its argument, a temporary one by value.
 
     /// Registers a file, which need not exist. An empty path is ignored, as is a relative one where
     /// the current folder has been removed.
+    /// @{
     static const QString &deleteFileOnExit(const QString &path);
+    static QString deleteFileOnExit(QString &&path) { return deleteFileOnExit(path); }
+    /// @}
 
     /// Registers a folder, which need not exist, with all that is in it. Of a link to a folder, or
     /// to nothing, the link is deleted, and what is behind it stays; so does the root. The same
     /// paths are ignored.
+    /// @{
     static const QString &deleteFolderOnExit(const QString &path);
+    static QString deleteFolderOnExit(QString &&path) { return deleteFolderOnExit(path); }
+    /// @}
 
     /// Registers a file or a folder; nothing if it does not exist.
+    /// @{
     static const QString &deleteOnExit(const QString &path);
+    static QString deleteOnExit(QString &&path) { return deleteOnExit(path); }
+    /// @}
     /// The same for each of \a paths.
+    /// @{
     static const QList<QString> &deleteOnExit(const QList<QString> &paths);
+    static QList<QString> deleteOnExit(QList<QString> &&paths) { return deleteOnExit(paths); }
+    /// @}
 
     /// Deletes what is registered: folders first, each kind in the order of registration. What
     /// cannot be deleted stays registered. Other threads wait to register meanwhile.

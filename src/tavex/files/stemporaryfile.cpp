@@ -22,7 +22,7 @@ STemporaryFile::STemporaryFile(QObject *parent)
 
 STemporaryFile::~STemporaryFile()
 {
-    // Apart from remove(), which leaves the file if its last bytes could not be written.
+    // remove() would close it as well, but leave it if its last bytes could not be written.
     QFile::close();
     if (!fileName().isEmpty())
         remove();
@@ -32,7 +32,7 @@ bool STemporaryFile::open(OpenMode mode)
 {
     if (isOpen())
         return false;
-    setFileName(Platform::absolutePath(fileName())); // It may have been set since.
+    setFileName(Platform::absolutePath(fileName())); // setFileName() may have been called.
     if (fileName().isEmpty())
         return false;
 #if QT_VERSION >= QT_VERSION_CHECK(6, 3, 0)

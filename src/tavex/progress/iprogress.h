@@ -5,10 +5,14 @@
 #include <QObject>
 #include <QSet>
 
-#include <atomic>
 #include <memory>
 
-namespace Quorvex::Interfaces {
+namespace Quorvex {
+
+class SProgress;
+class SProgressPool;
+
+namespace Interfaces {
 
 /// What a task reports to: how far it is, from 0 to 100, and whether it is to stop. Reporters may
 /// be linked as peers, which follow each other's progress, are aborted together, or both.
@@ -72,63 +76,20 @@ public:
     /// @}
 
 protected:
-    class Change;
-    class Lock;
-
-    /// How a class tells of what has changed.
-    struct Announcer
-    {
-        void (*progress)(IProgress *reporter, int value); ///< Of a new progress.
-        void (*aborting)(IProgress *reporter);            ///< Of an abort.
-    };
-    /// The one that emits the signals of \a Reporter.
-    template <typename Reporter>
-    static const Announcer *announcer()
-    {
-        static constexpr Announcer signalling{
-            [](IProgress *reporter, int value) {
-                Q_EMIT static_cast<Reporter *>(reporter)->reportProgress(value);
-            },
-            [](IProgress *reporter) { Q_EMIT static_cast<Reporter *>(reporter)->aborting(); }};
-        return &signalling;
-    }
-
-    /// Tells of its changes through \a announcer, which lives as long.
-    explicit IProgress(const Announcer *announcer);
-
-    /// Undoes every link() of this reporter, and ends its part in what this thread is passing on.
+    /// Undoes every link() of this reporter.
     void unlinkAll();
 
-    /// What protects it.
-    [[nodiscard]] Lock *lock() const { return m_lock.get(); }
-
-    /// Makes this, which no other thread knows yet, a child of \a pool.
-    void join(const IProgress &pool);
-
-    /// What a pool does: sets its children, aborts them, takes their mean.
-    /// @{
-    void setChildren(int value);
-    void abortChildren();
-    void followChildren();
-    /// @}
-
-    /// Whether a child's signal tells this pool what it knows already; true once for each.
-    [[nodiscard]] bool isAnswered() const;
-
 private:
-    [[nodiscard]] IProgress *pool() const;
-    [[nodiscard]] int mean() const;
-    void store(int value);
-    void cut(IProgress *peer, Peers peers);
+    class Private;
+    friend SProgress;
+    friend SProgressPool;
 
-    std::shared_ptr<Lock> m_lock;
-    QSet<IProgress *> m_progressPeers;
-    QSet<IProgress *> m_abortPeers;
-    std::atomic<int> m_progress = 0;
-    std::atomic<int> m_isAborted = 0;
-    const Announcer *m_announcer = nullptr;
+    explicit IProgress(std::shared_ptr<Private> state);
+
+    const std::shared_ptr<Private> d;
 };
 
-} // namespace Quorvex::Interfaces
+} // namespace Interfaces
+} // namespace Quorvex
 
 Q_DECLARE_INTERFACE(Quorvex::Interfaces::IProgress, "Quorvex.IProgress/1.1")

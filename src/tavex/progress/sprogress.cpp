@@ -1,10 +1,11 @@
+#include <tavex/progress/iprogress_p.h>
 #include <tavex/progress/sprogress.h>
 
 namespace Quorvex {
 
 SProgress::SProgress(QObject *parent)
     : QObject(parent)
-    , IProgress(announcer<SProgress>())
+    , IProgress(std::make_shared<Private::Signalling<SProgress>>())
 {
 }
 

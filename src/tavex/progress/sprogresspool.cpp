@@ -1,42 +1,17 @@
-#include <tavex/progress/progresslock_p.h>
+#include <tavex/progress/iprogress_p.h>
 #include <tavex/progress/sprogresspool.h>
 
 namespace Quorvex {
 
-/// Leaves the pool under the lock, so that other threads can use the pool meanwhile.
-class SProgressPool::Child : public SProgress
-{
-public:
-    Q_DISABLE_COPY_MOVE(Child)
-
-    explicit Child(SProgressPool *pool)
-        : SProgress(pool)
-        , m_index(pool->lock()->children.size())
-    {
-        join(*pool);
-    }
-
-    ~Child() override
-    {
-        Lock &shared = *lock();
-        const std::scoped_lock locker(shared);
-        unlinkAll();
-        shared.children[m_index] = nullptr;
-        --shared.living;
-        shared.sum -= progress();
-    }
-
-private:
-    std::size_t m_index;
-};
-
 SProgressPool::SProgressPool(int count, QObject *parent)
     : QObject(parent)
-    , IProgress(announcer<SProgressPool>())
+    , IProgress(std::make_shared<Private::Signalling<SProgressPool>>())
 {
-    lock()->pool = this;
+    d->family->pool = d.get();
+    d->updateShared();
     for (int i = 0; i < count; ++i) {
-        auto *const child = new Child(this);
+        auto *const child = new SProgress(this);
+        d->adopt(child->IProgress::d.get());
         connect(child, SIGNAL(aborting()), this, SLOT(abort()), Qt::DirectConnection);
         connect(child, SIGNAL(reportProgress(qint32)), this, SLOT(onProgressChanged()),
             Qt::DirectConnection);
@@ -50,17 +25,16 @@ SProgressPool::SProgressPool(QObject *parent)
 
 SProgressPool::~SProgressPool()
 {
-    const std::scoped_lock locker(*lock());
-    unlinkAll();
-    lock()->pool = nullptr; // QObject deletes the children when the pool is no more.
+    unlinkAll(); // QObject deletes the children when the pool is no more.
 }
 
 SProgress *SProgressPool::at(int index) const
 {
-    const std::scoped_lock locker(*lock());
-    return index >= 0 && index < count()
-        ? static_cast<SProgress *>(lock()->children[static_cast<std::size_t>(index)])
-        : nullptr;
+    const std::scoped_lock lock(*d->family);
+    const std::vector<Private *> &children = d->family->children;
+    const Private *const child =
+        index >= 0 && index < count() ? children[std::size_t(index)] : nullptr;
+    return child ? static_cast<SProgress *>(child->q) : nullptr;
 }
 
 SProgress *SProgressPool::first() const
@@ -75,7 +49,7 @@ SProgress *SProgressPool::last() const
 
 int SProgressPool::count() const
 {
-    return static_cast<int>(lock()->children.size());
+    return int(d->family->children.size());
 }
 
 bool SProgressPool::isEmpty() const
@@ -85,19 +59,17 @@ bool SProgressPool::isEmpty() const
 
 void SProgressPool::abort()
 {
-    if (!isAnswered())
-        abortChildren();
+    d->abortChildren();
 }
 
 void SProgressPool::setProgress(int value)
 {
-    setChildren(value);
+    d->setChildren(value);
 }
 
 void SProgressPool::onProgressChanged()
 {
-    if (!isAnswered())
-        followChildren();
+    d->followChildren();
 }
 
 } // namespace Quorvex

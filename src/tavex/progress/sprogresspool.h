@@ -54,9 +54,6 @@ Q_SIGNALS:
     void reportProgress(qint32 value);
     /// See abort().
     void aborting();
-
-private:
-    class Child;
 };
 
 } // namespace Quorvex

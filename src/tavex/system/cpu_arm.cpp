@@ -32,8 +32,8 @@ struct Row
     int bit;
 };
 
-// The bits of the two instruction sets differ and are written here as numbers, because headers
-// older than a feature lack its name.
+// The bits differ between the two instruction sets. They are numbers because older headers lack the
+// names of newer features.
 #ifdef __aarch64__
 constexpr Row rows[] = {
     {CpuFeatureFlags::Arm_NEON, AT_HWCAP, 1},

@@ -6,12 +6,12 @@
 
 namespace Quorvex::Cpu {
 
-/// Platform::affinityProcessors() as it was at the first call, which is at load: it must not depend
-/// on what the program makes of its threads later.
+/// Platform::affinityProcessors() as it was at load, when this is called first: what the program
+/// does with its threads later must not change it.
 int affinityAtLoad();
 
 // What the processor says about itself. One source per architecture, picked by CMake, defines these
-// functions; where it says nothing, texts are empty and no flag is set.
+// functions; what it does not tell is an empty text or a flag that is not set.
 
 [[nodiscard]] QString vendor();
 [[nodiscard]] QString brand();

@@ -4,8 +4,8 @@
 #include <QList>
 #include <QString>
 
-#include <atomic>
 #include <cstdint>
+#include <optional>
 
 class QFile;
 
@@ -16,85 +16,70 @@ class QFile;
 
 namespace Quorvex::Platform {
 
-/// The machine-wide application-data folder, in the system's own notation.
-[[nodiscard]] QString commonDataFolder();
+/// Texts of Windows, which are empty elsewhere.
+enum class WindowsText {
+    CommonDataFolder, ///< The machine-wide application-data folder, in the system's own notation.
+    CommonAppData,    ///< The shell-folder value "Common AppData" of the machine.
+    LocalAppData,     ///< The shell-folder value "Local AppData" of the user.
+    ProductName,      ///< "Windows 10 Enterprise LTSC 2019" and the like.
+};
 
-/// The folder for temporary files, with "/": it exists. Empty if there is none.
+[[nodiscard]] QString windowsText(WindowsText text);
+
+/// The folder for temporary files, which exists, with "/". Empty if there is none.
 [[nodiscard]] QString temporaryFolder();
 
 /// The folder for sockets and the like of the user's session, with "/". It need not exist; empty
-/// if what is there is not the user's alone.
+/// if others than the user may use what is there.
 [[nodiscard]] QString runtimeFolder();
 
 /// The folder of the installed colour profiles, in the system's own notation.
 [[nodiscard]] QString colorFolder();
 
-/// The shell-folder value "Common AppData" of the machine.
-[[nodiscard]] QString commonApplicationDataText();
-
-/// The shell-folder value "Local AppData" of the user.
-[[nodiscard]] QString localApplicationDataText();
-
 /// The user's name for people, not trimmed. Empty where the account has none.
 [[nodiscard]] QString userDisplayName();
 
-/// "Windows 10 Enterprise LTSC 2019" and the like.
-[[nodiscard]] QString windowsProductName();
-
-/// \a path from the root, without "/" or "/." at its end. What a ".." in it means is left to the
-/// system. Empty if there is no such path, as when the current folder has been removed.
+/// The absolute form of \a path, without "/" or "/." at its end. Each ".." stays where the system
+/// resolves it behind links. Empty if there is no such path, as when the current folder has been
+/// removed.
 [[nodiscard]] QString absolutePath(const QString &path);
 
 /// Makes \a link, which must not exist yet, a link to the directory \a folder. Waits for up to a
-/// minute where a program has to do it.
+/// minute where this takes another program.
 [[nodiscard]] bool linkDirectory(const QString &link, const QString &folder);
 
-/// All that the file at \a path has; empty if it cannot be read to its end.
-[[nodiscard]] QByteArray readFile(const QString &path);
+/// The contents of the file at \a path; nothing if it cannot be read to its end.
+[[nodiscard]] std::optional<QByteArray> readFile(const QString &path);
 
-/// Makes the directory \a path and all above it that is missing, open to the user alone. True also
-/// if there is one.
+/// Makes the directory \a path and the missing ones above it, open to the user alone. True also if
+/// it exists already.
 [[nodiscard]] bool makePrivateDirectory(const QString &path);
 
-/// Opens the file at \a path for reading. To this and to readFile() a FIFO, a socket or a device is
-/// no file, and is not waited for.
+/// Opens the file at \a path for reading. This and readFile() refuse a FIFO, a socket or a device
+/// without waiting for it.
 [[nodiscard]] bool openFile(QFile &file, const QString &path);
 
 /// The absolute path of the program that the shell runs as \a name; empty if there is none.
 [[nodiscard]] QString findProgram(const QString &name);
 
 /// Removes the folder, which is no link, with all that is in it. Follows no link in it. False if
-/// something has to stay, or if it is the root.
+/// something in it cannot be removed, or if it is the root.
 [[nodiscard]] bool removeFolder(const QString &path);
 
-/// Remembers in which process it was set. A child made by fork() finds it not set, also one that
-/// has the number of its parent in a namespace of its own.
-class ProcessMark
-{
-public:
-    ProcessMark();
-    Q_DISABLE_COPY_MOVE(ProcessMark)
-    ~ProcessMark();
+/// Has \a call called in every child that fork() makes, until the library is unloaded.
+void callInChildren(void (*call)());
 
-    /// Sets it, and returns whether this process had done so before.
-    bool set() noexcept;
-    [[nodiscard]] bool isSet() const noexcept;
-
-private:
-    std::atomic<qint64> m_ordinary = 0;
-    std::atomic<qint64> *m_process; ///< In memory that fork() clears, if the system has such.
-};
-
-/// The folder in \a directory in which its NewFiles have their names. It is there while one of them
-/// is. The name says whose it is: what else has it there is removed.
+/// The folder in \a directory that holds its NewFiles that have names. It exists while there are
+/// any. The name belongs to the library: anything else of that name is removed.
 inline QString newFilesFolder(const QString &directory)
 {
     return directory + QLatin1String("/new-c0e6a09c-c943-4039-94b5-ccaee60e32e8");
 }
 
-/// A file that is written before it appears at its place, whole. Until then it has no name, or
-/// one of its own in newFilesFolder(), where removeAbandonedFiles() in any process leaves it alone.
-/// It is gone if it has not been moved, unless it has a name and the process is killed.
+/// A file that is written first and then put in its place as a whole. Until then it has no name, or
+/// a unique one in newFilesFolder(), where removeAbandonedFiles() in any process leaves it alone.
+/// Unless it is moved, it is removed with its object; if the process is killed before that, one
+/// with a name stays.
 class NewFile
 {
 public:
@@ -102,16 +87,16 @@ public:
     Q_DISABLE_COPY_MOVE(NewFile)
     ~NewFile();
 
-    /// Makes it for a place in \a directory.
+    /// Makes the file, which can then be moved to a path in \a directory.
     [[nodiscard]] bool create(const QString &directory);
 
     [[nodiscard]] bool write(const QByteArray &data) const;
 
-    /// Opens \a device for writing to it instead. It has to be closed before moveTo().
+    /// Opens \a device to write to the file. It has to be closed before moveTo().
     [[nodiscard]] bool open(QFile &device) const;
 
-    /// Puts it in the place of \a path, in one step: whoever opens that meanwhile gets the earlier
-    /// file or this one. False, too, if the system has lost something of what was written.
+    /// Replaces the file at \a path in one step: whoever opens that path gets the earlier file or
+    /// this one. False, too, if the system reports that something written was lost.
     [[nodiscard]] bool moveTo(const QString &path);
 
 private:
@@ -119,8 +104,8 @@ private:
     bool copyNamed();
 
     QString m_directory;
-    QString m_path;            ///< Empty while it has no name.
-    std::intptr_t m_file = -1; ///< The system's own number of the open file.
+    QString m_path;            ///< Empty while the file has no name.
+    std::intptr_t m_file = -1; ///< The system's number (descriptor, handle) of the open file.
 };
 
 /// Removes the NewFiles that killed processes have left in \a directory.
@@ -131,12 +116,12 @@ void removeAbandonedFiles(const QString &directory);
 /// How many logical processors are in the affinity mask of this process; at least 1.
 [[nodiscard]] int affinityProcessors();
 
-/// How many processors' time this process may use by the quotas that it is under, rounded up; 0 if
-/// there is no limit. Reads files: about 0.1 ms.
+/// How many processors the time quotas of this process amount to, rounded up; 0 if there is no
+/// quota. Reads files: about 0.1 ms.
 [[nodiscard]] int quotaProcessors();
 
-/// How many bytes of memory this process may take up together with those it shares a limit with; 0
-/// if there is no limit. Reads files: about 0.1 ms.
+/// How many bytes of memory this process and those that share its limit may use together; 0 if
+/// there is no limit. Reads files: about 0.1 ms.
 [[nodiscard]] qint64 memoryLimit();
 
 struct ProcessorTopology
@@ -152,7 +137,7 @@ struct Memory
 {
     qint64 total = 0;
     qint64 available = 0;
-    qint64 processUse = 0; ///< What of this process is in physical memory.
+    qint64 processUse = 0; ///< The part of this process that is in physical memory.
 };
 
 [[nodiscard]] Memory memory();
@@ -166,11 +151,11 @@ struct Volume
     bool isLocal = false; ///< Whether it is known that no server or program has to answer.
 };
 
-/// The volume that holds \a path. Waits for no volume that is not local. None if there is no such
-/// path, which within a volume that is not local is not looked at, or if the system does not tell.
+/// The volume that holds \a path. None if the path does not exist or the system does not tell. No
+/// volume that is not local is asked: whether a path within one exists is not checked.
 [[nodiscard]] Volume volumeOf(const QString &path);
 
-/// The volumes that people care about, without those by which the system shows its own state.
+/// The volumes that hold files of people or programs.
 [[nodiscard]] QList<Volume> volumes();
 
 /// Unmounts the volume and ejects its medium. False, and nothing happens, unless it is local and

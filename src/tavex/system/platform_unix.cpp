@@ -24,11 +24,11 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <linux/cdrom.h>
+#include <pthread.h>
 #include <pwd.h>
 #include <sched.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
-#include <sys/mman.h>
 #include <sys/mount.h>
 #include <sys/sendfile.h>
 #include <sys/stat.h>
@@ -50,7 +50,7 @@ Volume toVolume(const ProcFs::Mount &mount)
     return {mount.point, mount.type, mount.source, mount.isLocal};
 }
 
-/// Lets the disk service do for a user what only the administrator may do directly.
+/// Asks the disk service to do what this user may not do directly.
 bool askDiskService(const QString &action, const QString &device)
 {
     const QString program = findProgram(QStringLiteral("udisksctl"));
@@ -60,7 +60,7 @@ bool askDiskService(const QString &action, const QString &device)
     process.start(
         program, {action, QStringLiteral("--no-user-interaction"), QStringLiteral("-b"), device});
     if (!process.waitForFinished()) {
-        process.kill(); // A process that is destroyed while it runs is logged.
+        process.kill(); // QProcess logs if it is destroyed while the program runs.
         process.waitForFinished();
         return false;
     }
@@ -93,8 +93,8 @@ private:
     int m_number;
 };
 
-/// \a path from the root on; empty for an empty one, or if the current folder was removed. It is
-/// not cleaned: what ".." means is only known once the links before it are followed.
+/// The absolute form of \a path; empty for an empty one, or if the current folder was removed. It
+/// is not cleaned: where ".." leads is known only once the links before it are followed.
 QString absolute(const QString &path)
 {
     if (path.isEmpty() || path.startsWith(QLatin1Char('/')))
@@ -140,7 +140,7 @@ bool isDirectory(const QString &path)
     return stat(QFile::encodeName(path).constData(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-/// A file to be read. Without a writer a FIFO would keep who opens it waiting.
+/// Opens a file to read it. Does not wait at a FIFO that nobody writes to.
 Descriptor openForReading(const QString &path)
 {
     return {path, O_RDONLY | O_NONBLOCK | O_NOCTTY};
@@ -152,34 +152,34 @@ bool isFile(int file)
     return fstat(file, &status) == 0 && S_ISREG(status.st_mode);
 }
 
-/// Some file systems tell only when a file is closed that there was no space for it. Closing a copy
-/// tells the same, and the file stays open and locked.
+/// False if the system reports that something written to \a file was lost. Some file systems report
+/// a full disk only at close(). Closing a copy of the descriptor reports it too, and leaves the
+/// file open and locked.
 bool hasArrived(int file)
 {
     const int copy = fcntl(file, F_DUPFD_CLOEXEC, 0);
     return copy >= 0 && close(copy) == 0;
 }
 
-/// Gives \a file a name, which nothing may have yet.
+/// Gives \a file a name. False if something has that name already.
 bool giveName(int file, int folder, const QByteArray &name)
 {
     if (linkat(file, "", folder, name.constData(), AT_EMPTY_PATH) == 0)
         return true;
-    // Linux before 6.10 lets only the administrator do that.
+    // Before Linux 6.10 only the administrator may do that.
     return errno == ENOENT
         && linkat(AT_FDCWD, ("/proc/self/fd/" + QByteArray::number(file)).constData(), folder,
                name.constData(), AT_SYMLINK_FOLLOW)
         == 0;
 }
 
-/// Lets \a make make a file in newFilesFolder(): it gets the open folder and a name that nobody
-/// else has. Returns its path; empty if there is none.
+/// Makes newFilesFolder() and calls \a make with the open folder and a unique name, to make a file
+/// there. Returns the path of the file; empty if that failed.
 template <typename Make>
 QString makeNamed(const QString &directory, const Make &make)
 {
-    // A writer that has done removes the folder, unless it has another's file. So it may vanish
-    // until there is ours. That is never for long, but some may be ahead of this one time and
-    // again.
+    // Another writer removes the folder when it finds it empty, which it is until this one has put
+    // its file there. Then this one tries again.
     constexpr int MaxTries = 1000;
 
     const QString folderPath = newFilesFolder(directory);
@@ -190,14 +190,15 @@ QString makeNamed(const QString &directory, const Make &make)
             return {};
         const Descriptor folder(AT_FDCWD, nativePath, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
         if (folder < 0) {
-            // A link is not followed: what it leads to is not the cache's.
+            // Something else has the name. A link is removed and not followed: its target is not
+            // the cache's.
             if (errno == ENOTDIR || errno == ELOOP)
                 unlink(nativePath.constData());
             else if (errno != ENOENT)
                 break;
             continue;
         }
-        // Who may write to the directory may write to the folder.
+        // Whoever may write to the directory has to be able to write to the folder.
         struct stat status;
         if (isMade && stat(QFile::encodeName(directory).constData(), &status) == 0
             && (status.st_mode & (S_IWGRP | S_IWOTH)) != 0)
@@ -208,20 +209,21 @@ QString makeNamed(const QString &directory, const Make &make)
         if (errno != ENOENT)
             break;
     }
+    const int error = errno;
     rmdir(nativePath.constData());
+    errno = error;
     return {};
 }
 
-/// Tells by the lock on \a file whether somebody holds it. Where a file system has no locks, every
-/// file seems held.
+/// Locks \a file. False if another process has locked it, or if its file system has no locks.
 bool lock(int file)
 {
     return flock(file, LOCK_EX | LOCK_NB) == 0;
 }
 
-/// Removes what can be removed from the folder that \a file is open on, and closes it. Nobody
-/// leads this elsewhere by putting a link in the place of a folder meanwhile: names count from
-/// the open folder, and the last one is not followed.
+/// Removes what can be removed from the folder that \a file has open, and closes it. Every name is
+/// looked up in an open folder and no link is followed, so nobody can lead this elsewhere by
+/// replacing a folder with a link.
 void emptyFolder(int file)
 {
     DIR *const folder = fdopendir(file);
@@ -243,7 +245,7 @@ void emptyFolder(int file)
 
 } // namespace
 
-QString commonDataFolder()
+QString windowsText(WindowsText)
 {
     return {};
 }
@@ -260,7 +262,7 @@ QString temporaryFolder()
 
 QString runtimeFolder()
 {
-    // The path that Qt gives, which would also make the folder and log what it finds wrong.
+    // The same path as that of QStandardPaths, which would make the folder and log what is wrong.
     QString path = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (!path.startsWith(QLatin1Char('/'))) {
         const QString temporary = temporaryFolder();
@@ -282,25 +284,10 @@ QString colorFolder()
         QStandardPaths::LocateDirectory);
 }
 
-QString commonApplicationDataText()
-{
-    return {};
-}
-
-QString localApplicationDataText()
-{
-    return {};
-}
-
 QString userDisplayName()
 {
     // Office and telephone numbers follow the name, each behind a comma.
     return accountOf(getuid()).description.section(QLatin1Char(','), 0, 0);
-}
-
-QString windowsProductName()
-{
-    return {};
 }
 
 QString absolutePath(const QString &path)
@@ -309,7 +296,7 @@ QString absolutePath(const QString &path)
     if (path.isEmpty() || path.contains(QChar::Null))
         return {};
     QString result =
-        absolute(QFileInfo(path).filePath()); // With its folder for one of Qt's prefixes.
+        absolute(QFileInfo(path).filePath()); // Replaces a prefix that QDir::searchPaths() knows.
     while (result.size() > 1 && (result.endsWith(slash) || result.endsWith(QLatin1String("/."))))
         result.chop(1);
     return result;
@@ -317,7 +304,7 @@ QString absolutePath(const QString &path)
 
 bool linkDirectory(const QString &link, const QString &folder)
 {
-    // A relative text in a link would be taken from the link's own folder.
+    // A relative target would count from the folder that the link is in.
     const QByteArray target = QFile::encodeName(absolutePath(folder));
     const QByteArray name = QFile::encodeName(absolutePath(link));
     return !target.isEmpty() && symlink(target.constData(), name.constData()) == 0;
@@ -325,7 +312,7 @@ bool linkDirectory(const QString &link, const QString &folder)
 
 bool removeFolder(const QString &path)
 {
-    // A folder cannot be removed as "..".
+    // rmdir() refuses a path that ends in "..".
     const QByteArray name = QFile::encodeName(QFileInfo(path).canonicalFilePath());
     if (name.isEmpty() || name == "/")
         return false;
@@ -333,66 +320,45 @@ bool removeFolder(const QString &path)
     return rmdir(name.constData()) == 0;
 }
 
-ProcessMark::ProcessMark()
-    : m_process(&m_ordinary)
+void callInChildren(void (*call)())
 {
-    void *const page = mmap(
-        nullptr, sizeof(m_ordinary), PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (page == MAP_FAILED)
-        return;
-    m_process = new (page) std::atomic<qint64>(0);
-    madvise(page, sizeof(m_ordinary), MADV_WIPEONFORK);
+    (void)pthread_atfork(nullptr, nullptr, call);
 }
 
-ProcessMark::~ProcessMark()
-{
-    if (m_process != &m_ordinary)
-        munmap(m_process, sizeof(m_ordinary));
-}
-
-bool ProcessMark::set() noexcept
-{
-    const qint64 process = getpid();
-    return m_process->exchange(process) == process;
-}
-
-bool ProcessMark::isSet() const noexcept
-{
-    return *m_process == getpid();
-}
-
-QByteArray readFile(const QString &path)
+std::optional<QByteArray> readFile(const QString &path)
 {
     const Descriptor file = openForReading(path);
-    // Half as long as fstat() takes. Of what is no file, nothing but a disk has a size.
+    // lseek() takes half as long as fstat(). Of what is no regular file, only a disk has a size.
     constexpr off_t SmallestDisk = 1 << 18;
     const off_t size = lseek(file, 0, SEEK_END);
     if (size < 0 || (size >= SmallestDisk && !isFile(file)))
-        return {};
+        return std::nullopt;
     try {
         QByteArray data(size, Qt::Uninitialized);
         for (off_t done = 0; done < size;) {
             const ssize_t count =
                 pread(file, data.data() + done, static_cast<std::size_t>(size - done), done);
             if (count == 0 || (count < 0 && errno != EINTR))
-                return {};
+                return std::nullopt;
             done += qMax(count, ssize_t{0});
         }
         return data;
     } catch (const std::bad_alloc &) {
-        return {};
+        return std::nullopt;
     }
 }
 
 bool makePrivateDirectory(const QString &path)
 {
-    if (path.contains(QChar::Null))
+    if (path.contains(QChar::Null)) {
+        errno = EINVAL;
         return false;
+    }
     const auto make = [&] { return mkdir(QFile::encodeName(path).constData(), 0700) == 0; };
     if (make())
         return true;
     if (errno == ENOENT) {
-        // Not QDir::mkpath(), to which "link/.." is where the link is.
+        // QDir::mkpath() would take "link/.." for the folder that the link is in.
         qsizetype end = path.size();
         while (end > 1 && path.at(end - 1) == QLatin1Char('/'))
             --end;
@@ -451,7 +417,7 @@ bool NewFile::createNamed()
         Descriptor file(folder, name, O_WRONLY | O_CREAT | O_EXCL, 0666);
         if (file < 0)
             return false;
-        // removeAbandonedFiles() may have found it before it was locked.
+        // removeAbandonedFiles() of another process may have removed it before it was locked.
         struct stat status;
         const bool isRemoved = (!lock(file) && errno == EWOULDBLOCK)
             || (fstat(file, &status) == 0 && status.st_nlink == 0);
@@ -465,7 +431,7 @@ bool NewFile::createNamed()
     return !m_path.isEmpty();
 }
 
-/// For file systems that make files without a name and cannot give them one.
+/// For file systems that make files without a name but cannot give them one later.
 bool NewFile::copyNamed()
 {
     const int nameless = static_cast<int>(std::exchange(m_file, -1));
@@ -506,7 +472,7 @@ bool NewFile::moveTo(const QString &path)
     if (m_path.isEmpty()) {
         if (giveName(file, AT_FDCWD, target))
             return true;
-        // A link does not replace what is there, a name that is moved does.
+        // linkat() does not replace what is there, rename() does.
         if (errno == EEXIST) {
             (void)lock(file);
             m_path = makeNamed(m_directory,
@@ -554,8 +520,8 @@ bool isKernel64Bit()
 
 int affinityProcessors()
 {
-    // The kernel refuses a mask that is too small for the machine. The mask is that of the main
-    // thread: the calling one may be confined for reasons of its own.
+    // The kernel refuses a mask that is too small for the machine. This asks for the mask of the
+    // main thread: the calling thread may have restricted itself.
     for (int size = 1024; size <= MaxProcessors; size *= 2) {
         const std::unique_ptr<cpu_set_t, void (*)(cpu_set_t *)> set(
             CPU_ALLOC(size), [](cpu_set_t *s) { CPU_FREE(s); });

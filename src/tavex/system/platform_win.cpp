@@ -33,9 +33,11 @@
 namespace Quorvex::Platform {
 namespace {
 
-QString registryText(const QString &path, const QString &name)
+QString registryText(const char *path, const char *name)
 {
-    return QSettings(path, QSettings::NativeFormat).value(name).toString();
+    return QSettings(QLatin1String(path), QSettings::NativeFormat)
+        .value(QLatin1String(name))
+        .toString();
 }
 
 LPCWSTR wide(const QString &text)
@@ -69,7 +71,7 @@ int relationCount(LOGICAL_PROCESSOR_RELATIONSHIP relation)
     return qMax(count, 1);
 }
 
-/// \a path up to the border of its volume, with "/"; an empty text if there is none.
+/// The folder at which the volume of \a path is mounted, with "/"; empty if there is none.
 QString volumeRoot(const QString &path)
 {
     std::array<wchar_t, 32768> root;
@@ -120,7 +122,8 @@ bool isDirectory(DWORD attributes)
         == FILE_ATTRIBUTE_DIRECTORY;
 }
 
-/// The directory at \a path. While it is open it stays there. None if there is something else.
+/// Opens the directory at \a path, which cannot be removed while it is open. INVALID_HANDLE_VALUE
+/// if there is something else.
 Handle openDirectory(const QString &path)
 {
     Handle directory(
@@ -136,13 +139,29 @@ Handle openDirectory(const QString &path)
 
 } // namespace
 
-QString commonDataFolder()
+QString windowsText(WindowsText text)
 {
-    std::array<wchar_t, MAX_PATH> path{};
-    if (SHGetFolderPathW(nullptr, CSIDL_COMMON_APPDATA, nullptr, SHGFP_TYPE_CURRENT, path.data())
-        != S_OK)
-        return {};
-    return QString::fromWCharArray(path.data());
+    switch (text) {
+    case WindowsText::CommonDataFolder: {
+        std::array<wchar_t, MAX_PATH> path{};
+        const bool isKnown = SHGetFolderPathW(nullptr, CSIDL_COMMON_APPDATA, nullptr,
+                                 SHGFP_TYPE_CURRENT, path.data())
+            == S_OK;
+        return isKnown ? QString::fromWCharArray(path.data()) : QString();
+    }
+    case WindowsText::CommonAppData:
+        return registryText("HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion"
+                            "\\Explorer\\Shell Folders",
+            "Common AppData");
+    case WindowsText::LocalAppData:
+        return registryText("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion"
+                            "\\Explorer\\Shell Folders",
+            "Local AppData");
+    case WindowsText::ProductName:
+        return registryText(
+            "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion", "ProductName");
+    }
+    return {};
 }
 
 QString temporaryFolder()
@@ -164,22 +183,6 @@ QString colorFolder()
     return QString::fromWCharArray(path.data()).trimmed();
 }
 
-QString commonApplicationDataText()
-{
-    return registryText(
-        QStringLiteral("HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Explorer"
-                       "\\Shell Folders"),
-        QStringLiteral("Common AppData"));
-}
-
-QString localApplicationDataText()
-{
-    return registryText(
-        QStringLiteral("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Explorer"
-                       "\\Shell Folders"),
-        QStringLiteral("Local AppData"));
-}
-
 QString userDisplayName()
 {
     std::array<wchar_t, 200> name{};
@@ -189,16 +192,9 @@ QString userDisplayName()
     return QString::fromWCharArray(name.data(), qMin(length, ULONG(name.size())));
 }
 
-QString windowsProductName()
-{
-    return registryText(
-        QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion"),
-        QStringLiteral("ProductName"));
-}
-
 QString absolutePath(const QString &path)
 {
-    // The system, too, takes away ".." by its text.
+    // Windows itself resolves ".." by the text of the path.
     return path.isEmpty() || path.contains(QChar::Null)
         ? QString()
         : QDir::cleanPath(QFileInfo(path).absoluteFilePath());
@@ -223,7 +219,7 @@ bool linkDirectory(const QString &link, const QString &folder)
     if (!process.waitForStarted(Timeout))
         return false;
     if (!process.waitForFinished(Timeout)) {
-        process.kill(); // A process that is destroyed while it runs is logged.
+        process.kill(); // QProcess logs if it is destroyed while the program runs.
         process.waitForFinished();
         return false;
     }
@@ -235,7 +231,7 @@ QString findProgram(const QString &name)
     const QString path = QDir::fromNativeSeparators(name);
     if (name.isEmpty() || name.contains(QChar::Null))
         return {};
-    // Without folders those of PATH count.
+    // With an empty list Qt searches those of PATH.
     return QStandardPaths::findExecutable(
         path, path.contains(QLatin1Char('/')) ? QStringList{QDir::currentPath()} : QStringList());
 }
@@ -260,41 +256,26 @@ bool removeFolder(const QString &path)
     return QDir().rmdir(path);
 }
 
-ProcessMark::ProcessMark()
-    : m_process(&m_ordinary)
-{
-}
+void callInChildren(void (*)()) { }
 
-ProcessMark::~ProcessMark() = default;
-
-bool ProcessMark::set() noexcept
-{
-    return m_process->exchange(1) == 1;
-}
-
-bool ProcessMark::isSet() const noexcept
-{
-    return *m_process == 1;
-}
-
-QByteArray readFile(const QString &path)
+std::optional<QByteArray> readFile(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return {};
+        return std::nullopt;
     try {
         QByteArray data(file.size(), Qt::Uninitialized);
         if (file.read(data.data(), data.size()) != data.size())
-            return {};
+            return std::nullopt;
         return data;
     } catch (const std::bad_alloc &) {
-        return {};
+        return std::nullopt;
     }
 }
 
 bool makePrivateDirectory(const QString &path)
 {
-    return QDir(QString()).mkpath(path); // For whom it is open, the one above it tells.
+    return QDir(QString()).mkpath(path); // It inherits who may use it from the one above.
 }
 
 bool openFile(QFile &file, const QString &path)
@@ -320,8 +301,8 @@ bool NewFile::create(const QString &directory)
 
 bool NewFile::createNamed()
 {
-    // A writer that has done removes the folder, unless it has another's file. While it does, all
-    // that others do there may fail.
+    // Another writer removes the folder when it finds it empty. Meanwhile anything done there may
+    // fail, and this one tries again.
     constexpr int MaxTries = 100;
 
     const QString folderPath = newFilesFolder(m_directory);
@@ -333,7 +314,8 @@ bool NewFile::createNamed()
         if (folder.get() != INVALID_HANDLE_VALUE) {
             const QString path =
                 folderPath % QLatin1Char('/') % QUuid::createUuid().toString(QUuid::WithoutBraces);
-            // It shares everything, so that it can be moved. That it is open at all keeps it.
+            // It shares everything so that it can be moved. While it is open, no other process
+            // removes it.
             const HANDLE file = CreateFileW(wide(longPath(path)), GENERIC_WRITE,
                 FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, CREATE_NEW, 0,
                 nullptr);
@@ -343,7 +325,8 @@ bool NewFile::createNamed()
                 return true;
             }
         } else {
-            // A link is not followed: what it leads to is not the cache's.
+            // Something else has the name. A link is removed and not followed: its target is not
+            // the cache's.
             const DWORD attributes = GetFileAttributesW(wide(nativePath));
             if (attributes != INVALID_FILE_ATTRIBUTES && !isDirectory(attributes)
                 && !DeleteFileW(wide(nativePath)))
@@ -351,7 +334,9 @@ bool NewFile::createNamed()
         }
         Sleep(i < MaxTries / 2 ? 0 : 1);
     }
+    const DWORD error = GetLastError();
     RemoveDirectoryW(wide(nativePath));
+    SetLastError(error);
     return false;
 }
 
@@ -415,7 +400,7 @@ bool isKernel64Bit()
 
 int affinityProcessors()
 {
-    // A process in several groups of up to 64 processors has no one mask.
+    // A mask covers one group of up to 64 processors. A process in several groups may use all.
     std::array<USHORT, 64> groups;
     USHORT groupCount = groups.size();
     if (GetProcessGroupAffinity(GetCurrentProcess(), &groupCount, groups.data()) && groupCount > 1)
@@ -462,7 +447,7 @@ Volume volumeOf(const QString &path)
     if (path.isEmpty() || path.contains(QChar::Null))
         return {};
     const QString absolute = QDir::fromNativeSeparators(QDir(path).absolutePath());
-    if (absolute.startsWith(QLatin1String("//"))) // A share: its server is not asked.
+    if (absolute.startsWith(QLatin1String("//"))) // A share, whose server must not be asked.
         return {absolute.section(QLatin1Char('/'), 0, 3) + QLatin1Char('/'), {}, {}, false};
     const QString drive = absolute.left(3);
     if (GetDriveTypeW(wide(QDir::toNativeSeparators(drive))) == DRIVE_REMOTE)

@@ -27,7 +27,7 @@ QByteArray contents(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// Undoes the escapes of mountinfo: three octal digits for blanks and backslashes.
+/// Replaces the escapes of mountinfo: "\\" and three octal digits for blanks and backslashes.
 QString unescaped(const QByteArray &field)
 {
     const auto digit = [&](qsizetype at) {
@@ -69,16 +69,16 @@ const Mount *holder(const QString &path, const QList<Mount> &mounts)
     return found;
 }
 
-/// Goes down from the root, as the kernel does, to the mounts that are not hidden.
+/// The mounts of \a listed that no later one hides. Walks down from the root, as the kernel does.
 QList<Mount> reachable(const QList<Mount> &listed)
 {
-    // What hangs on nothing that is listed hangs on the root of the process.
+    // Where the parent of a mount is not listed, the root of the process stands for it.
     constexpr int Top = -1;
     const QString root = QStringLiteral("/");
     QSet<int> ids;
     for (const Mount &mount : listed)
         ids.insert(mount.id);
-    std::multimap<std::pair<int, QString>, Mount> children; // With those within a point behind it.
+    std::multimap<std::pair<int, QString>, Mount> children; // By parent and point, sorted.
     for (const Mount &mount : listed) {
         const bool isTop = mount.parent == mount.id || !ids.contains(mount.parent);
         children.emplace(std::pair(isTop ? Top : mount.parent,
@@ -89,7 +89,7 @@ QList<Mount> reachable(const QList<Mount> &listed)
     QList<Mount> found;
     QList<Mount> pending{{Top, Top, root, root, {}, {}, {}}};
     while (!pending.isEmpty()) {
-        Mount mount = pending.takeFirst(); // Local so far is the way to it.
+        Mount mount = pending.takeFirst(); // Its isLocal is that of its parent.
         auto child = children.lower_bound({mount.id, {}});
         const auto isChild = [&] {
             return child != children.end() && child->first.first == mount.id;
@@ -98,7 +98,7 @@ QList<Mount> reachable(const QList<Mount> &listed)
             mount.isLocal = mount.isLocal && (mount.id == Top || isLocalType(mount.type));
             found.append(mount);
         }
-        QString last; // It hides what is within it.
+        QString last; // Hides the points within it.
         for (; isChild(); child = children.erase(child)) {
             if (!last.isEmpty() && isWithin(child->second.point, last))
                 continue;
@@ -126,12 +126,12 @@ std::optional<QString> linkTarget(const QString &path)
 /// A quota of time per period as processors, rounded up; 0 if there is none.
 qint64 quotaProcessors(const QByteArray &quota, const QByteArray &period)
 {
-    const qint64 q = quota.trimmed().toLongLong(); // "max" is 0 and thus no limit.
+    const qint64 q = quota.trimmed().toLongLong(); // "max" gives 0: no limit.
     const qint64 p = period.trimmed().toLongLong();
     return q > 0 && p > 0 ? q / p + (q % p != 0) : 0;
 }
 
-/// What a group grants by itself; 0 if it has no limit.
+/// Reads the limit of one group; 0 if it has none.
 using GroupLimit = qint64(const QString &folder, bool isVersion2);
 
 qint64 processorLimit(const QString &folder, bool isVersion2)
@@ -147,7 +147,7 @@ qint64 processorLimit(const QString &folder, bool isVersion2)
 qint64 memoryLimit(const QString &folder, bool isVersion2)
 {
     const QLatin1String file(isVersion2 ? "/memory.max" : "/memory.limit_in_bytes");
-    return contents(folder + file).trimmed().toLongLong(); // "max" is 0.
+    return contents(folder + file).trimmed().toLongLong(); // "max" gives 0.
 }
 
 qint64 lesser(qint64 a, qint64 b)
@@ -155,7 +155,7 @@ qint64 lesser(qint64 a, qint64 b)
     return a > 0 && b > 0 ? qMin(a, b) : qMax(qMax(a, b), qint64(0));
 }
 
-/// Takes off the "/.." at the beginning of \a group and counts them.
+/// Removes each "/.." at the beginning of \a group and returns their number.
 int takeParents(QString &group)
 {
     int count = 0;
@@ -166,7 +166,8 @@ int takeParents(QString &group)
     return count;
 }
 
-/// The one of the groups \a group, \a depth levels below \a folder, that lists this process.
+/// Searches the folders \a depth levels below \a folder for the one whose group \a group lists this
+/// process.
 QString findGroup(const QString &folder, const QString &group, int depth)
 {
     if (depth == 0) {
@@ -183,15 +184,15 @@ QString findGroup(const QString &folder, const QString &group, int depth)
     return {};
 }
 
-/// The folder of \a group, as /proc/self/cgroup names it, where \a mountRoot is mounted at \a top;
-/// \a top if it is not there, as that of a process that was moved out of its namespace.
+/// The folder of \a group, which is named as in /proc/self/cgroup, if \a mountRoot is mounted at
+/// \a top. Returns \a top if it is not there, as when a process was moved out of its namespace.
 QString groupFolder(const QString &top, QString mountRoot, QString group)
 {
-    // Both begin at the root of the namespace, and may lead up from it.
+    // Both count from the root of the namespace and may lead up from there.
     const int depth = takeParents(mountRoot) - takeParents(group);
     if (depth == 0 && (mountRoot.isEmpty() || isWithin(group, mountRoot)))
         return top + group.mid(mountRoot.size());
-    // From what is mounted to the namespace's root, nothing tells the names.
+    // Nothing tells the names of the folders between what is mounted and the namespace's root.
     const QString found = depth > 0 && mountRoot.isEmpty() ? findGroup(top, group, depth) : top;
     return found.isEmpty() ? top : found;
 }
@@ -259,8 +260,8 @@ QList<Mount> mounts(const QString &root)
 
 bool isLocalType(const QString &type)
 {
-    // On disks, which for fuseblk the kernel guarantees; in memory; of the kernel itself; over
-    // folders of others, of which the roots of containers are made.
+    // On disks (for fuseblk the kernel checks that); in memory; made by the kernel; laid over other
+    // folders, as the roots of containers.
     static constexpr std::array types{"adfs", "affs", "apfs", "bcachefs", "befs", "bfs", "btrfs",
         "cramfs", "efs", "erofs", "exfat", "ext2", "ext3", "ext4", "f2fs", "fuseblk", "hfs",
         "hfsplus", "hpfs", "iso9660", "jffs2", "jfs", "minix", "msdos", "nilfs2", "ntfs", "ntfs3",
@@ -295,7 +296,7 @@ const Mount *mountOf(const QString &path, const QList<Mount> &mounts)
         if (!mount)
             return nullptr;
         if (!mount->isLocal) {
-            // Another one may be mounted in it, at a point that has no links.
+            // Another one may be mounted within it. Mount points contain no links.
             for (const QString &part : pending) {
                 if (part == QLatin1String(".."))
                     break;
@@ -305,7 +306,7 @@ const Mount *mountOf(const QString &path, const QList<Mount> &mounts)
             return holder(next, mounts);
         }
         const std::optional<QString> target = linkTarget(next);
-        // The kernel follows no more than 40 links either.
+        // The kernel follows at most 40 links too.
         if (!target || (!target->isEmpty() && ++links > 40))
             return nullptr;
         if (target->isEmpty()) {
@@ -356,7 +357,7 @@ Platform::ProcessorTopology topology(const QString &root)
         cores.insert(contents(path + QLatin1String("thread_siblings_list")));
         packages.insert(contents(path + QLatin1String("core_siblings_list")));
     }
-    // A processor that is switched off has no topology.
+    // A processor that is off has no topology.
     cores.remove({});
     packages.remove({});
     return {static_cast<int>(packages.size()), static_cast<int>(cores.size())};
@@ -372,7 +373,7 @@ Platform::Memory memory(const QString &root)
 
 QString removableDrive(const QString &device, const QString &root)
 {
-    // Programs choose what theirs have in a device's place, such as a path that leads elsewhere.
+    // The source of a FUSE mount is any text that its program chose, such as a misleading path.
     if (!device.startsWith(QLatin1String("/dev/")))
         return {};
     const QString real = QFileInfo(root + device).canonicalFilePath();
@@ -381,7 +382,7 @@ QString removableDrive(const QString &device, const QString &root)
             .canonicalFilePath();
     if (real.isEmpty() || block.isEmpty())
         return {};
-    // A partition's folder lies in the folder of its drive.
+    // The folder of a partition lies in that of its drive.
     const QString drive =
         QFileInfo::exists(block + QLatin1String("/partition")) ? QFileInfo(block).path() : block;
     if (contents(drive + QLatin1String("/removable")).trimmed() != "1")

@@ -9,7 +9,7 @@
 
 namespace Quorvex {
 
-/// What \a count found first, for good.
+/// Calls \a count once and returns its result from then on.
 template <typename Count>
 static int firstResult(std::atomic<int> *known, Count count)
 {

@@ -5,11 +5,11 @@
 #include <QList>
 #include <QString>
 
-namespace Quorvex {
+#include <memory>
 
-namespace Platform {
-struct Volume;
-}
+QT_FORWARD_DECLARE_CLASS(QDebug)
+
+namespace Quorvex {
 
 /// The mounted volume that holds a path: a value, taken when it is constructed.
 ///
@@ -20,7 +20,7 @@ class TAVEX_EXPORT SStorageInfo
 {
 public:
     /// No volume.
-    SStorageInfo() = default;
+    SStorageInfo() noexcept = default;
     /// The volume of \a path, a file or a folder, links followed. No volume if the path does not
     /// exist, or if the system does not tell, as under Linux without /proc. Within a volume that is
     /// not local nothing is looked at: the path counts as it is written, up to a "..".
@@ -31,21 +31,21 @@ public:
     [[nodiscard]] static QList<SStorageInfo> volumes();
 
     /// Whether it stands for a volume.
-    [[nodiscard]] bool isValid() const noexcept { return !m_rootPath.isEmpty(); }
+    [[nodiscard]] bool isValid() const noexcept;
 
     /// The path as it was given.
-    [[nodiscard]] const QString &path() const noexcept { return m_path; }
+    [[nodiscard]] QString path() const;
 
     /// The folder at which the volume is mounted.
-    [[nodiscard]] const QString &rootPath() const noexcept { return m_rootPath; }
+    [[nodiscard]] QString rootPath() const;
 
     /// The file-system type, such as "ext4" or "NTFS"; may be empty for a network volume.
-    [[nodiscard]] const QString &type() const noexcept { return m_type; }
+    [[nodiscard]] QString type() const;
 
     /// Whether it is known, by the file-system types of the volume and of those on the way to it,
     /// that no server, other machine or program in user space has to answer for what is on it.
     /// False for no volume.
-    [[nodiscard]] bool isLocal() const noexcept { return m_isLocal; }
+    [[nodiscard]] bool isLocal() const noexcept;
 
     /// The volume's label, or else rootPath(). Waits for the volume.
     [[nodiscard]] QString name() const;
@@ -60,16 +60,17 @@ public:
     /// Unmounts the volume and ejects its medium. False, and nothing happens, if the volume is not
     /// local or the medium cannot be removed; also false if the volume is in use or the user may
     /// not do this. Waits until it is done.
-    bool eject();
+    [[nodiscard]] bool eject();
+
+    /// As for QStorageInfo, whether both stand for the same volume, whatever their paths; so do two
+    /// that stand for none.
+    friend TAVEX_EXPORT bool operator==(const SStorageInfo &a, const SStorageInfo &b) noexcept;
+    /// Writes the folder at which the volume is mounted, its type and its device.
+    friend TAVEX_EXPORT QDebug operator<<(QDebug debug, const SStorageInfo &info);
 
 private:
-    SStorageInfo(QString path, const Platform::Volume &volume);
-
-    QString m_path;
-    QString m_rootPath;
-    QString m_type;
-    QString m_device;
-    bool m_isLocal = false;
+    struct Private;
+    std::shared_ptr<const Private> d; ///< Null for no path.
 };
 
 } // namespace Quorvex

@@ -6,15 +6,11 @@
 #include <QSysInfo>
 
 #include <algorithm>
-#include <iterator>
 
 namespace Quorvex {
 namespace {
 
 constexpr quint32 NamedBit = 0x80000000;
-constexpr quint32 Windows9xMask = 0xF;
-constexpr quint32 WindowsNtMask = 0xF0;
-constexpr quint32 WindowsCeMask = 0xF00;
 constexpr quint32 MacMask = 0x3F000;
 constexpr quint32 IosBit = 0x100000;
 constexpr quint32 FirstOtherFamily = 0x1000000;
@@ -27,20 +23,10 @@ constexpr quint32 plainValue(OperatingSystem os)
 /// The first key of the value, or nothing: of aliases, the first is the current name.
 QString keyOf(quint32 value)
 {
-    const auto *const row = std::ranges::find(OperatingSystem_T::rows,
-        static_cast<OperatingSystem>(value), &SEnumKey<OperatingSystem>::value);
-    return row == std::end(OperatingSystem_T::rows) ? QString() : QString::fromUtf16(row->key);
-}
-
-bool runningWindowsHas(quint32 mask)
-{
-    return SSysInfo::isWindows()
-        && (static_cast<quint32>(SSysInfo::operatingSystem(false)) & mask) != 0;
-}
-
-bool runs(OperatingSystem os)
-{
-    return SSysInfo::operatingSystem(false) == os;
+    const auto rows = OperatingSystem_T::rows();
+    const auto row = std::ranges::find(
+        rows, static_cast<OperatingSystem>(value), &SEnumKey<OperatingSystem>::value);
+    return row == rows.end() ? QString() : QString::fromUtf16(row->key);
 }
 
 struct Day
@@ -130,11 +116,6 @@ OperatingSystem SSysInfo::operatingSystem(
     return static_cast<OperatingSystem>(static_cast<quint32>(family) | (named ? NamedBit : 0));
 }
 
-OperatingSystemType SSysInfo::operatingSystemType()
-{
-    return operatingSystemType(operatingSystem(false));
-}
-
 OperatingSystemType SSysInfo::operatingSystemType(const OperatingSystem &os)
 {
     const quint32 value = plainValue(os);
@@ -205,144 +186,14 @@ QString SSysInfo::operatingSystemName(const OperatingSystem &os, bool marketing)
     return name;
 }
 
-QString SSysInfo::operatingSystemCodeName()
+bool SSysInfo::runsWindowsOf(quint32 line)
 {
-    return operatingSystemName(operatingSystem(false), true);
-}
-
-bool SSysInfo::isWindows()
-{
-    return operatingSystemType() == OperatingSystemType::Windows;
-}
-
-bool SSysInfo::isWindows9x()
-{
-    return runningWindowsHas(Windows9xMask);
-}
-
-bool SSysInfo::isWindowsNT()
-{
-    return runningWindowsHas(WindowsNtMask);
-}
-
-bool SSysInfo::isWindowsCE()
-{
-    return runningWindowsHas(WindowsCeMask);
-}
-
-bool SSysInfo::isMac()
-{
-    return operatingSystemType() == OperatingSystemType::macOS;
-}
-
-bool SSysInfo::isiOs()
-{
-    return operatingSystemType() == OperatingSystemType::iOS;
-}
-
-bool SSysInfo::isAndroid()
-{
-    return runs(OperatingSystem::Android);
-}
-
-bool SSysInfo::isBSD()
-{
-    return operatingSystemType() == OperatingSystemType::BSD_;
-}
-
-bool SSysInfo::isBeOS()
-{
-    return runs(OperatingSystem::Haiku);
-}
-
-bool SSysInfo::isLinux()
-{
-    return runs(OperatingSystem::Linux);
-}
-
-bool SSysInfo::isOS2()
-{
-    return runs(OperatingSystem::OS_2);
-}
-
-bool SSysInfo::isOS400()
-{
-    return runs(OperatingSystem::OS_400);
-}
-
-bool SSysInfo::isSymbian()
-{
-    return runs(OperatingSystem::Symbian);
-}
-
-bool SSysInfo::isUnix()
-{
-    return operatingSystemType() == OperatingSystemType::Unix;
+    return isWindows() && (static_cast<quint32>(operatingSystem(false)) & line) != 0;
 }
 
 bool SSysInfo::isOs_64bit()
 {
     return Platform::isKernel64Bit();
-}
-
-bool SSysInfo::isOs_32bit()
-{
-    return !isOs_64bit();
-}
-
-int SSysInfo::majorVersion()
-{
-    return QOperatingSystemVersion::current().majorVersion();
-}
-
-int SSysInfo::minorVersion()
-{
-    return QOperatingSystemVersion::current().minorVersion();
-}
-
-int SSysInfo::microVersion()
-{
-    return QOperatingSystemVersion::current().microVersion();
-}
-
-QString SSysInfo::kernelType()
-{
-    return QSysInfo::kernelType();
-}
-
-QString SSysInfo::kernelVersion()
-{
-    return QSysInfo::kernelVersion();
-}
-
-QString SSysInfo::productType()
-{
-    return QSysInfo::productType();
-}
-
-QString SSysInfo::productVersion()
-{
-    return QSysInfo::productVersion();
-}
-
-QString SSysInfo::prettyProductName()
-{
-    return QSysInfo::prettyProductName();
-}
-
-QString SSysInfo::buildAbi()
-{
-    return QSysInfo::buildAbi();
-}
-
-QString SSysInfo::buildCpuArchitecture()
-{
-    return QSysInfo::buildCpuArchitecture();
-}
-
-QString SSysInfo::currentCpuArchitecture()
-{
-    return QSysInfo::currentCpuArchitecture();
 }
 
 ByteOrder SSysInfo::byteOrder()
@@ -411,7 +262,7 @@ bool SSysInfo::isSupported()
 
 QString SSysInfo::windowsProductName()
 {
-    return Platform::windowsProductName();
+    return Platform::windowsText(Platform::WindowsText::ProductName);
 }
 
 } // namespace Quorvex

@@ -8,6 +8,7 @@
 #include <QDate>
 #include <QOperatingSystemVersion>
 #include <QString>
+#include <QSysInfo>
 
 namespace Quorvex {
 
@@ -26,7 +27,10 @@ public:
         bool named, const QOperatingSystemVersion &version, const QString &kernelType);
 
     /// The family of the running system.
-    [[nodiscard]] static OperatingSystemType operatingSystemType();
+    [[nodiscard]] static OperatingSystemType operatingSystemType()
+    {
+        return operatingSystemType(operatingSystem(false));
+    }
 
     /// The family of \a os; a value without a key where the enumeration has none for it.
     [[nodiscard]] static OperatingSystemType operatingSystemType(const OperatingSystem &os);
@@ -42,51 +46,66 @@ public:
     [[nodiscard]] static QString operatingSystemName(const OperatingSystem &os, bool marketing);
 
     /// The marketing name of the running system.
-    [[nodiscard]] static QString operatingSystemCodeName();
+    [[nodiscard]] static QString operatingSystemCodeName()
+    {
+        return operatingSystemName(operatingSystem(false), true);
+    }
 
     /// Whether the running system is of that family. The lines of Windows cannot be told apart on a
     /// version that is not known: all three are then true.
     /// @{
-    [[nodiscard]] static bool isWindows();
-    [[nodiscard]] static bool isWindows9x();
-    [[nodiscard]] static bool isWindowsNT();
-    [[nodiscard]] static bool isWindowsCE();
-    [[nodiscard]] static bool isMac();
-    [[nodiscard]] static bool isiOs();
-    [[nodiscard]] static bool isAndroid();
-    [[nodiscard]] static bool isBSD();
-    [[nodiscard]] static bool isBeOS();
-    [[nodiscard]] static bool isLinux();
-    [[nodiscard]] static bool isOS2();
-    [[nodiscard]] static bool isOS400();
-    [[nodiscard]] static bool isSymbian();
+    [[nodiscard]] static bool isWindows() { return runs(OperatingSystemType::Windows); }
+    [[nodiscard]] static bool isWindows9x() { return runsWindowsOf(Windows9xMask); }
+    [[nodiscard]] static bool isWindowsNT() { return runsWindowsOf(WindowsNtMask); }
+    [[nodiscard]] static bool isWindowsCE() { return runsWindowsOf(WindowsCeMask); }
+    [[nodiscard]] static bool isMac() { return runs(OperatingSystemType::macOS); }
+    [[nodiscard]] static bool isiOs() { return runs(OperatingSystemType::iOS); }
+    [[nodiscard]] static bool isAndroid() { return runs(OperatingSystem::Android); }
+    [[nodiscard]] static bool isBSD() { return runs(OperatingSystemType::BSD_); }
+    [[nodiscard]] static bool isBeOS() { return runs(OperatingSystem::Haiku); }
+    [[nodiscard]] static bool isLinux() { return runs(OperatingSystem::Linux); }
+    [[nodiscard]] static bool isOS2() { return runs(OperatingSystem::OS_2); }
+    [[nodiscard]] static bool isOS400() { return runs(OperatingSystem::OS_400); }
+    [[nodiscard]] static bool isSymbian() { return runs(OperatingSystem::Symbian); }
     /// @}
     /// Whether it is a Unix other than those that have a predicate of their own.
-    [[nodiscard]] static bool isUnix();
+    [[nodiscard]] static bool isUnix() { return runs(OperatingSystemType::Unix); }
 
     /// Whether the system, not only the process, is a 64-bit one.
     [[nodiscard]] static bool isOs_64bit();
     /// The opposite of isOs_64bit().
-    [[nodiscard]] static bool isOs_32bit();
+    [[nodiscard]] static bool isOs_32bit() { return !isOs_64bit(); }
 
     /// The components of QOperatingSystemVersion::current(); -1 where Qt knows none, as under
     /// Linux.
     /// @{
-    [[nodiscard]] static int majorVersion();
-    [[nodiscard]] static int minorVersion();
-    [[nodiscard]] static int microVersion();
+    [[nodiscard]] static int majorVersion()
+    {
+        return QOperatingSystemVersion::current().majorVersion();
+    }
+    [[nodiscard]] static int minorVersion()
+    {
+        return QOperatingSystemVersion::current().minorVersion();
+    }
+    [[nodiscard]] static int microVersion()
+    {
+        return QOperatingSystemVersion::current().microVersion();
+    }
     /// @}
 
     /// The functions of the same names of QSysInfo.
     /// @{
-    [[nodiscard]] static QString kernelType();
-    [[nodiscard]] static QString kernelVersion();
-    [[nodiscard]] static QString productType();
-    [[nodiscard]] static QString productVersion();
-    [[nodiscard]] static QString prettyProductName();
-    [[nodiscard]] static QString buildAbi();
-    [[nodiscard]] static QString buildCpuArchitecture();
-    [[nodiscard]] static QString currentCpuArchitecture();
+    [[nodiscard]] static QString kernelType() { return QSysInfo::kernelType(); }
+    [[nodiscard]] static QString kernelVersion() { return QSysInfo::kernelVersion(); }
+    [[nodiscard]] static QString productType() { return QSysInfo::productType(); }
+    [[nodiscard]] static QString productVersion() { return QSysInfo::productVersion(); }
+    [[nodiscard]] static QString prettyProductName() { return QSysInfo::prettyProductName(); }
+    [[nodiscard]] static QString buildAbi() { return QSysInfo::buildAbi(); }
+    [[nodiscard]] static QString buildCpuArchitecture() { return QSysInfo::buildCpuArchitecture(); }
+    [[nodiscard]] static QString currentCpuArchitecture()
+    {
+        return QSysInfo::currentCpuArchitecture();
+    }
     /// @}
 
     /// The machine's byte order.
@@ -109,6 +128,13 @@ public:
     [[nodiscard]] static bool isSupported();
 
 private:
+    static constexpr quint32 Windows9xMask = 0xF;
+    static constexpr quint32 WindowsNtMask = 0xF0;
+    static constexpr quint32 WindowsCeMask = 0xF00;
+
+    static bool runs(OperatingSystem os) { return operatingSystem(false) == os; }
+    static bool runs(OperatingSystemType type) { return operatingSystemType() == type; }
+    static bool runsWindowsOf(quint32 line);
     static QString windowsProductName();
 };
 
