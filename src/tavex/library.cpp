@@ -8,6 +8,7 @@
 #include <tavex/core/startup_p.h>
 #include <tavex/core/sversion.h>
 #include <tavex/enums/enumlist_p.h>
+#include <tavex/numeric/sgeometry.h>
 #include <tavex/system/cpu_p.h>
 
 #include <QVariant>
@@ -29,9 +30,10 @@ void registerViews()
 
 /// The types that may be held in a QVariant from load on.
 #define META_TYPE(Name) QMetaType::fromType<Name>(),
-std::array<QMetaType, 13> metaTypes()
+auto metaTypes()
 {
-    return {TAVEX_META_ENUMS(META_TYPE, META_TYPE) QMetaType::fromType<SVersion>()};
+    return std::array{TAVEX_META_ENUMS(META_TYPE, META_TYPE) META_TYPE(SVersion) META_TYPE(SPointF)
+            META_TYPE(SSizeF) META_TYPE(SRectF) META_TYPE(SPadding)};
 }
 
 void registerMetaTypes()

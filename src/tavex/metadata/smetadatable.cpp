@@ -32,6 +32,8 @@ std::unique_ptr<IMetadata> cloneOf(const IMetadata &value)
 class SMetadatable::Private
 {
 public:
+    Private() { m_entries.reserve(8); }
+
     /// The value under \a id, or null.
     [[nodiscard]] IMetadata *find(quint64 id) const
     {
@@ -51,6 +53,14 @@ public:
         std::ranges::transform(
             m_entries, list.begin(), [](const Entry &entry) { return entry.value.get(); });
         return list;
+    }
+
+    /// Whether each value here equals the one that \a other has.
+    [[nodiscard]] bool isPartOf(const SMetadatable &other) const
+    {
+        return std::ranges::all_of(m_entries, [&other](const Entry &entry) {
+            return entry.value->equalsTo(other.metadata(entry.id));
+        });
     }
 
     [[nodiscard]] qsizetype size() const { return static_cast<qsizetype>(m_entries.size()); }
@@ -170,12 +180,8 @@ SMetadatable::~SMetadatable()
 
 bool SMetadatable::operator==(const SMetadatable &other) const
 {
-    if (this == &other)
-        return true;
-    const QList<quint64> ids = d ? d->ids() : QList<quint64>();
-    return metadataCount() == other.metadataCount() && std::ranges::all_of(ids, [&](quint64 id) {
-        return d->find(id)->equalsTo(other.metadata(id));
-    });
+    return this == &other
+        || (metadataCount() == other.metadataCount() && (!d || d->isPartOf(other)));
 }
 
 void SMetadatable::clearMetadata()
