@@ -222,6 +222,56 @@ private Q_SLOTS:
         QVERIFY(folders.join(u' ').contains(string(" AppDataLocation AppLocalDataLocation ")));
     }
 
+    // What was made text is read back: by the table, the translator, QVariant and QDataStream.
+    void valuesComeBack_data()
+    {
+        QTest::addColumn<int>("value");
+        QTest::addColumn<QString>("text");
+        for (const auto &[value, text] : {std::pair(0, "None"), {2, "KillOnSave"}, {31, "Volatile"},
+                 {3, "KillOnCopy|KillOnSave"}, {98, "KillOnSave|96"}, {64, "64"},
+                 {-1, "Volatile|-32"}})
+            QTest::newRow(text) << value << string(text);
+    }
+    void valuesComeBack()
+    {
+        QFETCH(const int, value);
+        QFETCH(const QString, text);
+        const MetadataFlags flags{value};
+        const auto &table = MetadataFlags_T::instance();
+        QCOMPARE(table.valueToKeys(flags), text);
+        QCOMPARE(table.keysToValue(text), flags);
+        QCOMPARE(table.keysToValue(u' ' + QString(text).replace(u'|', string(" , "))), flags);
+        const QVariant variant = QVariant::fromValue(flags);
+        QCOMPARE(variant.toString(), text);
+        QCOMPARE(QVariant(text).value<MetadataFlags>(), flags);
+        QString printed;
+        QDebug(&printed) << flags;
+        QCOMPARE(printed.trimmed(), string("MetadataFlags(%1)").arg(text));
+        QByteArray bytes;
+        QDataStream writer(&bytes, QIODevice::WriteOnly);
+        writer << variant;
+        QDataStream reader(bytes);
+        QVariant read;
+        reader >> read;
+        QCOMPARE(read, variant);
+    }
+
+    void textsThatAreNoValue()
+    {
+        for (const char *const text :
+            {"", "|", "None|", "none", "KillOnCopy KillOnSave", "2147483648"})
+            QVERIFY2(!MetadataFlags_T::instance().keysToValue(string(text)), text);
+        for (const char *const text : {"2", "-1", "True|True", "Wahr"})
+            QVERIFY2(!Bool_T::instance().keysToValue(string(text)), text);
+        QVERIFY(!Bool_T::instance().keyToValue(string("1")));
+        QCOMPARE(OperatingSystem_T::instance().keyToValue(string("OS_X")), OperatingSystem::macOS);
+        QVariant unit(string("MB"));
+        QVERIFY(!unit.convert(QMetaType::fromType<BinaryUnit>()));
+        QCOMPARE(Bool_TR::instance().wordsToValue(string(" wahr")), Bool::True);
+        QCOMPARE(Bool_TR::instance().wordsToValue(string("False")), Bool::False);
+        QVERIFY(!Bool_TR::instance().wordsToValue(string("Wahr,Falsch")));
+    }
+
     void runtimeLoader()
     {
         auto *loader = new FruitLoader;
@@ -232,12 +282,17 @@ private Q_SLOTS:
         const Fruits table;
         QCOMPARE(table.toString(Fruit::Pear) + table.toString(Fruit(7)), string("PearPlum"));
         QCOMPARE(table.keys().constLast(), string("Plum"));
+        QCOMPARE(table.keysToValue(string("Plum")), Fruit(7));
 
         Translator translator("Fruit");
         TavexApplication::translationRegister(&translator);
         QCOMPARE(FruitLoader::loads, 1);
         TavexApplication::init(QLocale(QLocale::Italian));
         QCOMPARE(FruitLoader::loads, 2);
+        const QStringList missing = TavexApplication::missingCatalogues();
+        QVERIFY(missing.contains(string("none")));
+        QVERIFY(missing.contains(string("Fruit")));
+        QVERIFY(!missing.contains(string("Bool")));
         QCOMPARE(translator.etr(string("Plum")), string("Pflaume"));
 
         // A destroyed translator leaves nothing behind.
@@ -257,7 +312,7 @@ private Q_SLOTS:
         QCOMPARE(etr("True", TranslateFallback), "True");
         QCOMPARE(etr("True", EnumTranslationOptions{}), "True");
         QCOMPARE(etr("True", NoKeyFallback), "");
-        QCOMPARE(etr("Maybe", Translator::DefaultOptions | NoKeyFallback), "");
+        QCOMPARE(etr("Maybe", Translator::defaultOptions() | NoKeyFallback), "");
         QVERIFY(!translator.contains(string("Maybe")) && translator.contains(string("True")));
         QCOMPARE(translator.etr(string("False| Maybe |A,,B").split(u'|')).join(u'|'),
             string("Falsch|Maybe|A, , B"));

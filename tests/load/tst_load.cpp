@@ -107,7 +107,11 @@ private Q_SLOTS:
             made.clear();
             QVERIFY(modules[round % 2].unload());
             QVERIFY(isWhole<qint8>() && isWhole<quint8>() && isWhole<float>());
+            const QMetaType text = QMetaType::fromType<QString>();
+            QVERIFY(QMetaType::hasRegisteredConverterFunction(text, own));
             QVERIFY(modules[1 - round % 2].unload() && !isLibraryMapped());
+            QVERIFY(!QMetaType::hasRegisteredConverterFunction(text, own));
+            QVERIFY(!QMetaType::hasRegisteredConverterFunction(own, text));
 
             // They take the numbers that are free.
             const auto take = []<int... I>(std::integer_sequence<int, I...>)
