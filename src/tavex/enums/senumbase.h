@@ -179,7 +179,7 @@ QT_END_NAMESPACE
 /// By which a template finds the key table of an enumeration; takes a semicolon.
 #define TAVEX_KEY_TABLE(Name)                                                                      \
     /** The table of the Name keys. */                                                             \
-    [[nodiscard]] inline const Name##_T &keyTable(Name)                                            \
+    [[nodiscard, maybe_unused]] inline const Name##_T &keyTable(Name)                              \
     {                                                                                              \
         return Name##_T::instance();                                                               \
     }                                                                                              \
