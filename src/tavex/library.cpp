@@ -71,6 +71,18 @@ void registerConverters()
     TAVEX_META_ENUMS(REGISTER_CONVERTER, REGISTER_CONVERTER)
 }
 
+/// QVariant's, between enumerations and text.
+void registerKeyConverters()
+{
+#define KEY_CONVERTERS(Name) SKeyConverters<Name> of##Name;
+    struct Converters
+    {
+        TAVEX_META_ENUMS(KEY_CONVERTERS, KEY_CONVERTERS)
+    };
+    static constinit Lasting<Converters> converters;
+    converters.get();
+}
+
 void registerQt()
 {
     S3rdParty::registerModule(QStringLiteral("Qt"), QStringLiteral(":/QT_LICENSE"),
@@ -79,7 +91,8 @@ void registerQt()
 
 constexpr Step steps[] = {
     {registerViews}, {registerMetaTypes, unregisterMetaTypes},
-    {registerConverters},            // Their registry is destroyed with all that lasts.
+    {registerConverters},            // What keeps it is destroyed with all that lasts.
+    {registerKeyConverters},         // Likewise.
     {registerQt},                    // Likewise.
     {[] { Cpu::affinityAtLoad(); }}, // The rest of SCpuInfo::threads() takes longer and can wait.
 };

@@ -106,7 +106,11 @@ private Q_SLOTS:
             made.clear();
             QVERIFY(modules[round % 2].unload());
             VERIFY_ALL(isWhole<qint8>(), isWhole<quint8>(), isWhole<float>());
+            const QMetaType text = QMetaType::fromType<QString>();
+            QVERIFY(QMetaType::hasRegisteredConverterFunction(text, own));
             VERIFY_ALL(modules[1 - round % 2].unload(), !isLibraryMapped());
+            QVERIFY(!QMetaType::hasRegisteredConverterFunction(text, own));
+            QVERIFY(!QMetaType::hasRegisteredConverterFunction(own, text));
 
             // These take the type ids that became free.
             const auto take = []<int... I>(std::integer_sequence<int, I...>)
