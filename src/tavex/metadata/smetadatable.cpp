@@ -32,8 +32,6 @@ std::unique_ptr<IMetadata> cloneOf(const IMetadata &value)
 class SMetadatable::Private
 {
 public:
-    Private() { m_entries.reserve(8); }
-
     /// The value under \a id, or null.
     [[nodiscard]] IMetadata *find(quint64 id) const
     {
@@ -74,6 +72,7 @@ public:
     {
         if (const auto own = m_spares.extract({id, value}))
             static_cast<void>(own.mapped().release());
+        m_entries.reserve(8); // The first time; few objects have more.
         const auto entry = place(id);
         if (!isAt(entry, id)) {
             m_entries.insert(entry, Entry{id, std::unique_ptr<IMetadata>(value)});
