@@ -22,9 +22,9 @@ class Enums
     Q_GADGET
 
 public:
-    enum class SpecialFolder : qint32 { TAVEX_SPECIALFOLDER_KEYS(TAVEX_ENUMERATOR) };
+    enum class SpecialFolder : qint32 { TAVEX_SpecialFolder_KEYS(TAVEX_ENUMERATOR) };
     Q_ENUM(SpecialFolder)
-    enum class BinaryUnit : qint32 { TAVEX_BINARYUNIT_KEYS(TAVEX_ENUMERATOR) };
+    enum class BinaryUnit : qint32 { TAVEX_BinaryUnit_KEYS(TAVEX_ENUMERATOR) };
     Q_ENUM(BinaryUnit)
 };
 
