@@ -1,6 +1,6 @@
 #include "common.h"
 
-#include <functional>
+#include <array>
 #include <map>
 #include <optional>
 #include <random>
@@ -10,16 +10,16 @@ namespace {
 
 /// The signals of several reporters, in the order in which they come: "name value" of a progress
 /// and "name" of an abort.
-struct Log : QStringList
+struct Log : QByteArrayList
 {
     template <typename Reporter>
-    void listen(Reporter *reporter, const QString &name)
+    void listen(Reporter *reporter, const QByteArray &name)
     {
         QObject::connect(reporter, &Reporter::reportProgress,
-            [this, name](int value) { append(QStringLiteral("%1 %2").arg(name).arg(value)); });
+            [this, name](int value) { append(name + ' ' + QByteArray::number(value)); });
         QObject::connect(reporter, &Reporter::aborting, [this, name] { append(name); });
     }
-    [[nodiscard]] QString take() { return std::exchange<QStringList>(*this, {}).join(u", "); }
+    [[nodiscard]] QByteArray take() { return std::exchange<QByteArrayList>(*this, {}).join(", "); }
 };
 
 /// Random reporters and pools, some with a deleted child, and random links between them.
@@ -124,6 +124,17 @@ const char *faultOfChange(Graph &graph)
     return nullptr;
 }
 
+/// What makes a pool tell of itself that is linked with a peer.
+const std::array<std::pair<const char *, void (*)(SProgressPool *, SProgress *)>, 7> calls{{
+    {"progress of the pool", [](auto *pool, auto *) { pool->setProgress(50); }},
+    {"progress of a child", [](auto *pool, auto *) { pool->at(1)->setProgress(90); }},
+    {"progress of a peer", [](auto *, auto *peer) { peer->setProgress(70); }},
+    {"abort of the pool", [](auto *pool, auto *) { pool->abort(); }},
+    {"abort of a child", [](auto *pool, auto *) { pool->at(1)->abort(); }},
+    {"abort of a peer", [](auto *, auto *peer) { peer->abort(); }},
+    {"reset of the pool", [](auto *pool, auto *) { pool->reset(); }},
+}};
+
 /// Calls \a function on a thread with a stack of that size.
 template <typename Function>
 void onStack(uint size, Function function)
@@ -164,9 +175,9 @@ private Q_SLOTS:
         SProgress b;
         SProgress c;
         Log log;
-        log.listen(&a, string("a"));
-        log.listen(&b, string("b"));
-        log.listen(&c, string("c"));
+        log.listen(&a, "a");
+        log.listen(&b, "b");
+        log.listen(&c, "c");
         for (const int value : {-5, 250, 101, 40})
             a.setProgress(value);
         a.abort();
@@ -185,7 +196,7 @@ private Q_SLOTS:
         QCOMPARE(log.take(), "c 100, b 100, c 0, b 0, a 0, a, b");
         IProgress::link(&c, &a); // a ring
         c.setProgress(50);
-        QCOMPARE(log.take().count(u','), 2);
+        QCOMPARE(log.take().count(','), 2);
         IProgress::unlink(&c, &a);
         IProgress::unlink(&c, &b);
 
@@ -208,9 +219,9 @@ private Q_SLOTS:
         SProgressPool inner(2);
         SProgressPool beside(2);
         Log log;
-        log.listen(&pool, string("pool"));
+        log.listen(&pool, "pool");
         for (int i = 0; i < 3; ++i)
-            log.listen(pool.at(i), string("child %1").arg(i));
+            log.listen(pool.at(i), "child " + QByteArray::number(i));
         pool.abort();
         pool.abort();
         QCOMPARE(log.take(), "pool, child 2, pool, child 1, pool, child 0, pool, pool");
@@ -280,22 +291,13 @@ private Q_SLOTS:
 
     void deletesInSlots_data()
     {
-        QTest::addColumn<std::function<void(SProgressPool *, SProgress *)>>("call");
-        const auto row = [](const char *tag,
-                             std::function<void(SProgressPool *, SProgress *)> call) {
-            QTest::newRow(tag) << std::move(call);
-        };
-        row("progress of the pool", [](auto *pool, auto *) { pool->setProgress(50); });
-        row("progress of a child", [](auto *pool, auto *) { pool->at(1)->setProgress(90); });
-        row("abort of the pool", [](auto *pool, auto *) { pool->abort(); });
-        row("abort of a child", [](auto *pool, auto *) { pool->at(1)->abort(); });
-        row("reset of the pool", [](auto *pool, auto *) { pool->reset(); });
-        row("progress of a peer", [](auto *, auto *peer) { peer->setProgress(70); });
-        row("abort of a peer", [](auto *, auto *peer) { peer->abort(); });
+        QTest::addColumn<int>("call");
+        for (int i = 0; const auto &[tag, call] : calls)
+            QTest::newRow(tag) << i++;
     }
     void deletesInSlots()
     {
-        QFETCH(std::function<void(SProgressPool *, SProgress *)>, call);
+        QFETCH(int, call);
         SProgress before;
         SProgress peer;
         SProgress after;
@@ -308,7 +310,7 @@ private Q_SLOTS:
         const auto deletePool = [own = pool.data()] { delete own; };
         connect(pool, &SProgressPool::reportProgress, deletePool);
         connect(pool, &SProgressPool::aborting, deletePool);
-        call(pool, &peer);
+        calls.at(std::size_t(call)).second(pool, &peer);
         QVERIFY(!pool);
         QCOMPARE(peer.progressPeers(), (QSet<IProgress *>{&before, &after}));
         peer.setProgress(11);

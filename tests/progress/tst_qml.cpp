@@ -28,8 +28,8 @@ private Q_SLOTS:
                 function finish() { pool.progress = 100 }
             })",
             QUrl());
+        QVERIFY2(component.isReady(), qPrintable(component.errorString()));
         const std::unique_ptr<QObject> view(component.create());
-        QVERIFY2(view, qPrintable(component.errorString()));
         pool.first()->setProgress(50);
         QCOMPARE(view->property("percent"), 25);
         QCOMPARE(view->property("signalled"), 25);
