@@ -11,8 +11,9 @@ class TAVEX_EXPORT SProgress : public QObject, public Quorvex::Interfaces::IProg
 {
     Q_OBJECT
     Q_INTERFACES(Quorvex::Interfaces::IProgress)
-    /// reset() clears \c aborted without a signal of its own; \c progress is 0 then.
+    /// progress()
     Q_PROPERTY(int progress READ progress WRITE setProgress NOTIFY reportProgress)
+    /// isAborted(). reset() clears it without a signal of its own; \c progress is 0 then.
     Q_PROPERTY(bool aborted READ isAborted NOTIFY aborting)
 
 public:

@@ -17,9 +17,11 @@ class TAVEX_EXPORT SProgressPool : public QObject, public IProgress
 {
     Q_OBJECT
     Q_INTERFACES(Quorvex::Interfaces::IProgress)
-    /// reset() clears \c aborted without a signal of its own.
+    /// progress()
     Q_PROPERTY(int progress READ progress WRITE setProgress NOTIFY reportProgress)
+    /// isAborted(). reset() clears it without a signal of its own; \c progress is 0 then.
     Q_PROPERTY(bool aborted READ isAborted NOTIFY aborting)
+    /// count()
     Q_PROPERTY(int count READ count CONSTANT)
 
 public:
