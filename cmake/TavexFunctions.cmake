@@ -18,8 +18,8 @@ function(tavex_compile_options target)
 endfunction()
 
 # Declares the public headers of one folder and writes their forwarding headers: the name SVersion
-# becomes <tavex/SVersion>, one line that includes the folder's sversion.h. A name whose file is
-# called otherwise is written NAME=file.
+# becomes <tavex/SVersion>, which includes the folder's sversion.h, after the check of the language's
+# version. A name whose file is called otherwise is written NAME=file.
 function(tavex_public_headers)
     get_filename_component(folder ${CMAKE_CURRENT_SOURCE_DIR} NAME)
     set(headers)
@@ -34,7 +34,7 @@ function(tavex_public_headers)
         endif()
         list(APPEND headers ${file}.h)
         set(forward ${PROJECT_BINARY_DIR}/include/tavex/${name})
-        file(CONFIGURE OUTPUT ${forward} CONTENT "#include <tavex/${folder}/${file}.h>\n" @ONLY)
+        file(CONFIGURE OUTPUT ${forward} CONTENT "#include <tavex/core/export.h>\n#include <tavex/${folder}/${file}.h>\n" @ONLY)
         list(APPEND forwards ${forward})
     endforeach()
     list(REMOVE_DUPLICATES headers)

@@ -37,4 +37,10 @@ void colour(QTextStream &out)
     out << Colour_TR::instance().etr(QStringLiteral("Green")) << '\n'; // There is no catalogue.
     out << Colour_TR::instance().etr(QStringLiteral("Teal")) << '\n';
     //! [use]
+
+    //! [back]
+    const SKeyConverters<Colour> converters;
+    out << QVariant::fromValue(Colour::Red).toString() << '\n';
+    out << int(QVariant(QStringLiteral("Teal")).value<Colour>()) << '\n';
+    //! [back]
 }

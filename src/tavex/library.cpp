@@ -8,6 +8,7 @@
 #include <tavex/core/startup_p.h>
 #include <tavex/core/sversion.h>
 #include <tavex/enums/enumlist_p.h>
+#include <tavex/numeric/sgeometry.h>
 #include <tavex/system/cpu_p.h>
 
 #include <QVariant>
@@ -29,9 +30,10 @@ void registerViews()
 
 /// The types that may be held in a QVariant from load on.
 #define META_TYPE(Name) QMetaType::fromType<Name>(),
-std::array<QMetaType, 13> metaTypes()
+auto metaTypes()
 {
-    return {TAVEX_META_ENUMS(META_TYPE, META_TYPE) QMetaType::fromType<SVersion>()};
+    return std::array{TAVEX_META_ENUMS(META_TYPE, META_TYPE) META_TYPE(SVersion) META_TYPE(SPointF)
+            META_TYPE(SSizeF) META_TYPE(SRectF) META_TYPE(SPadding)};
 }
 
 void registerMetaTypes()
@@ -69,6 +71,18 @@ void registerConverters()
     TAVEX_META_ENUMS(REGISTER_CONVERTER, REGISTER_CONVERTER)
 }
 
+/// QVariant's, between enumerations and text.
+void registerKeyConverters()
+{
+#define KEY_CONVERTERS(Name) SKeyConverters<Name> of##Name;
+    struct Converters
+    {
+        TAVEX_META_ENUMS(KEY_CONVERTERS, KEY_CONVERTERS)
+    };
+    static constinit Lasting<Converters> converters;
+    converters.get();
+}
+
 void registerQt()
 {
     S3rdParty::registerModule(QStringLiteral("Qt"), QStringLiteral(":/QT_LICENSE"),
@@ -77,7 +91,8 @@ void registerQt()
 
 constexpr Step steps[] = {
     {registerViews}, {registerMetaTypes, unregisterMetaTypes},
-    {registerConverters},            // Their registry is destroyed with all that lasts.
+    {registerConverters},            // What keeps it is destroyed with all that lasts.
+    {registerKeyConverters},         // Likewise.
     {registerQt},                    // Likewise.
     {[] { Cpu::affinityAtLoad(); }}, // The rest of SCpuInfo::threads() takes longer and can wait.
 };

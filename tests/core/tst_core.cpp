@@ -10,9 +10,9 @@ enum Packed { Number = 131084 };
 
 // Only a number that is named one becomes a version.
 template <typename T>
-constexpr bool IsPacked = std::is_constructible_v<SVersion, T> &&std::is_assignable_v<SVersion, T>;
-static_assert(IsPacked<int> && !IsPacked<double> && !IsPacked<float> && !IsPacked<bool>);
-static_assert(!IsPacked<char> && !std::is_convertible_v<int, SVersion>);
+constexpr bool IsPacked = std::is_assignable_v<SVersion, T>;
+static_assert(IsPacked<int> && !IsPacked<double> && !IsPacked<bool> && !IsPacked<char>);
+static_assert(!std::is_constructible_v<SVersion, float> && !std::is_convertible_v<int, SVersion>);
 static_assert(!std::is_copy_constructible_v<SPointerList<int>>);
 
 struct Counted

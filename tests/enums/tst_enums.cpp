@@ -216,6 +216,56 @@ private Q_SLOTS:
         QVERIFY(folders.contains(" AppDataLocation AppLocalDataLocation "_s));
     }
 
+    // What was made text is read back: by the table, the translator, QVariant and QDataStream.
+    void valuesComeBack_data()
+    {
+        QTest::addColumn<int>("value");
+        QTest::addColumn<QString>("text");
+        for (const auto &[value, text] : {std::pair(0, "None"), {2, "KillOnSave"}, {31, "Volatile"},
+                 {3, "KillOnCopy|KillOnSave"}, {98, "KillOnSave|96"}, {64, "64"},
+                 {-1, "Volatile|-32"}})
+            QTest::newRow(text) << value << string(text);
+    }
+    void valuesComeBack()
+    {
+        QFETCH(const int, value);
+        QFETCH(const QString, text);
+        const MetadataFlags flags{value};
+        const auto &table = MetadataFlags_T::instance();
+        QCOMPARE(table.valueToKeys(flags), text);
+        QCOMPARE(table.keysToValue(text), flags);
+        QCOMPARE(table.keysToValue(u' ' + QString(text).replace(u'|', " , "_s)), flags);
+        const QVariant variant = QVariant::fromValue(flags);
+        QCOMPARE(variant.toString(), text);
+        QCOMPARE(QVariant(text).value<MetadataFlags>(), flags);
+        QString printed;
+        QDebug(&printed) << flags;
+        QCOMPARE(printed.trimmed(), "MetadataFlags(%1)"_s.arg(text));
+        QByteArray bytes;
+        QDataStream writer(&bytes, QIODevice::WriteOnly);
+        writer << variant;
+        QDataStream reader(bytes);
+        QVariant read;
+        reader >> read;
+        QCOMPARE(read, variant);
+    }
+
+    void textsThatAreNoValue()
+    {
+        for (const char *const text :
+            {"", "|", "None|", "none", "KillOnCopy KillOnSave", "2147483648"})
+            QVERIFY2(!MetadataFlags_T::instance().keysToValue(string(text)), text);
+        for (const char *const text : {"2", "-1", "True|True", "Wahr"})
+            QVERIFY2(!Bool_T::instance().keysToValue(string(text)), text);
+        QVERIFY(!Bool_T::instance().keyToValue("1"_s));
+        QCOMPARE(OperatingSystem_T::instance().keyToValue("OS_X"_s), OperatingSystem::macOS);
+        QVariant unit("MB"_s);
+        QVERIFY(!unit.convert(QMetaType::fromType<BinaryUnit>()));
+        QCOMPARE(Bool_TR::instance().wordsToValue(" wahr"_s), Bool::True);
+        QCOMPARE(Bool_TR::instance().wordsToValue("False"_s), Bool::False);
+        QVERIFY(!Bool_TR::instance().wordsToValue("Wahr,Falsch"_s));
+    }
+
     void runtimeLoader()
     {
         auto *loader = new FruitLoader;
@@ -226,12 +276,17 @@ private Q_SLOTS:
         const Fruits table;
         QCOMPARE(table.toString(Fruit::Pear) + table.toString(Fruit(7)), "PearPlum"_s);
         QCOMPARE(table.keys().constLast(), "Plum"_s);
+        QCOMPARE(table.keysToValue("Plum"_s), Fruit(7));
 
         Translator translator("Fruit");
         TavexApplication::translationRegister(&translator);
         QCOMPARE(FruitLoader::loads, 1);
         TavexApplication::init(QLocale(QLocale::Italian));
         QCOMPARE(FruitLoader::loads, 2);
+        const QStringList missing = TavexApplication::missingCatalogues();
+        QVERIFY(missing.contains("none"_s));
+        QVERIFY(missing.contains("Fruit"_s));
+        QVERIFY(!missing.contains("Bool"_s));
         QCOMPARE(translator.etr("Plum"_s), "Pflaume"_s);
 
         // A destroyed translator leaves nothing behind.
@@ -252,7 +307,7 @@ private Q_SLOTS:
         QCOMPARE(etr("True", TranslateFallback), "True");
         QCOMPARE(etr("True", EnumTranslationOptions{}), "True");
         QCOMPARE(etr("True", NoKeyFallback), "");
-        QCOMPARE(etr("Maybe", Translator::DefaultOptions | NoKeyFallback), "");
+        QCOMPARE(etr("Maybe", Translator::defaultOptions() | NoKeyFallback), "");
         VERIFY_ALL(!translator.contains("Maybe"_s), translator.contains("True"_s));
         QCOMPARE(
             translator.etr("False| Maybe |A,,B"_s.split(u'|')).join(u'|'), "Falsch|Maybe|A, , B"_s);

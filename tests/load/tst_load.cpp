@@ -106,7 +106,11 @@ private Q_SLOTS:
             made.clear();
             QVERIFY(modules[round % 2].unload());
             VERIFY_ALL(isWhole<qint8>(), isWhole<quint8>(), isWhole<float>());
+            const QMetaType text = QMetaType::fromType<QString>();
+            QVERIFY(QMetaType::hasRegisteredConverterFunction(text, own));
             VERIFY_ALL(modules[1 - round % 2].unload(), !isLibraryMapped());
+            QVERIFY(!QMetaType::hasRegisteredConverterFunction(text, own));
+            QVERIFY(!QMetaType::hasRegisteredConverterFunction(own, text));
 
             // These take the type ids that became free.
             const auto take = []<int... I>(std::integer_sequence<int, I...>)
@@ -129,6 +133,7 @@ private Q_SLOTS:
         const auto present = [] {
             return QList<bool>{isLibraryMapped(), QMetaType::fromName("Quorvex::Bool").isValid(),
                 QMetaType::fromName("Quorvex::SVersion").isValid(),
+                QMetaType::fromName("Quorvex::SPointF").isValid(),
                 QFile::exists(QStringLiteral(":/flags/svg/de.svg")),
                 QFile::exists(QStringLiteral(":/HALF_LICENSE"))};
         };
@@ -138,11 +143,11 @@ private Q_SLOTS:
                 QLibrary module(QString::fromUtf8(file));
                 module.setLoadHints(QLibrary::ResolveAllSymbolsHint);
                 QVERIFY2(module.load(), qPrintable(module.errorString()));
-                QCOMPARE(present(), QList<bool>(5, true));
+                QCOMPARE(present(), QList<bool>(6, true));
                 if (use)
                     QCOMPARE(reinterpret_cast<int (*)()>(module.resolve("useLibrary"))(), 0);
                 QVERIFY(module.unload());
-                QCOMPARE(present(), QList<bool>(5, false));
+                QCOMPARE(present(), QList<bool>(6, false));
                 if (round == 30)
                     settledMemory = ownMemory();
             }

@@ -244,7 +244,8 @@ private Q_SLOTS:
         source.setMetadata(std::unique_ptr<IMetadata>(positive));
         source.setMetadata(std::make_unique<Counted>(2, -1));
         SMetadatable moved(std::move(source));
-        QCOMPARE(source.metadataCount(), 0); // NOLINT(bugprone-use-after-move)
+        // NOLINTNEXTLINE(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
+        QCOMPARE(source.metadataCount(), 0);
         Owner owner;
         owner.setMetadata(std::make_unique<Counted>(3, 1));
         owner = std::move(moved);

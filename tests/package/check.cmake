@@ -75,3 +75,10 @@ separate_arguments(options UNIX_COMMAND "${options}")
 run(${CXX} -std=c++20 -fPIC -fno-exceptions ${CONSUMER_DIR}/main.cpp -o ${WORK_DIR}/with-pkg-config ${options})
 set(ENV{LD_LIBRARY_PATH} ${prefix}/${LIB_DIR})
 run(${WORK_DIR}/with-pkg-config)
+
+# An older language is refused with the reason, not with hundreds of errors.
+execute_process(COMMAND ${CXX} -std=c++17 -fPIC -fsyntax-only ${CONSUMER_DIR}/main.cpp ${options}
+    ERROR_VARIABLE output RESULT_VARIABLE result)
+if(result EQUAL 0 OR NOT output MATCHES "tavex needs C\\+\\+20" OR output MATCHES "concept")
+    message(FATAL_ERROR "C++17: ${output}")
+endif()

@@ -43,6 +43,7 @@ struct Registration
 {
     std::mutex mutex;
     QStringList catalogues;
+    QStringList missing; ///< At the latest init().
     SPointerList<QTranslator> translators;
 };
 
@@ -175,16 +176,22 @@ void TavexApplication::init(const QLocale &locale)
 
     Registration &r = registration.get();
     std::vector<std::unique_ptr<QTranslator>> made;
-    const auto make = [&made] { return made.emplace_back(std::make_unique<QTranslator>()).get(); };
+    QStringList missing;
+    const auto load = [&](auto *loadOne, const QString &name) {
+        made.push_back(std::make_unique<QTranslator>());
+        if (!loadOne(made.back().get(), name, locale))
+            missing.append(name);
+    };
     for (const QString &name : qtTranslatorNames())
-        qtTranslationLoad(make(), name, locale);
+        load(&qtTranslationLoad, name);
     const auto catalogues = [&r] {
         const std::scoped_lock lock(r.mutex);
         return r.catalogues;
     };
     for (const QString &name : catalogues())
-        translationLoad(make(), name, locale);
+        load(&translationLoad, name);
     const std::scoped_lock lock(r.mutex);
+    r.missing = missing;
     for (std::unique_ptr<QTranslator> &translator : made)
         r.translators.add(translator.release());
 }
@@ -200,6 +207,14 @@ void TavexApplication::translationRegister(SEnumTranslatorBase *translator)
 {
     if (translator)
         EnumTranslators::add(translator);
+}
+
+QStringList TavexApplication::missingCatalogues()
+{
+    Registration &r = registration.get();
+    const QStringList enumerations = EnumTranslators::incomplete();
+    const std::scoped_lock lock(r.mutex);
+    return r.missing + enumerations;
 }
 
 QStringList TavexApplication::translationPaths()

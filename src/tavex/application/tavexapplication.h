@@ -18,10 +18,11 @@ namespace Quorvex {
 /// catalogues, call init(), and install what translations() returns; the library never installs a
 /// translator itself.
 ///
-/// init(), translationRegister() and translations() may be called from any thread, also by a
-/// runtime loader that init() calls. The other members take no lock: set the identity and the
-/// licence key before other threads read them. init() sets Qt's default locale, which has no lock
-/// either: other threads that may run at the same time should pass a locale in their calls.
+/// init(), translationRegister(), translations() and missingCatalogues() may be called from any
+/// thread, also by a runtime loader that init() calls. The other members take no lock: set the
+/// identity and the licence key before other threads read them. init() sets Qt's default locale,
+/// which has no lock either: other threads that may run at the same time should pass a locale in
+/// their calls.
 class TAVEX_EXPORT TavexApplication
 {
 public:
@@ -78,6 +79,11 @@ public:
     /// leaves the earlier ones as they are. Waits for other threads that load.
     static void init(const QLocale &locale);
 
+    /// The names of the catalogues that were not found, or of enumerations, for which the English
+    /// one may be missing: those of Qt, those that translationRegister() was given, as of the
+    /// latest init(), and those of all registered enumeration translators, as of their latest load.
+    [[nodiscard]] static QStringList missingCatalogues();
+
     /// Registers the catalogue base name \a name, to be loaded by the next init().
     static void translationRegister(const QString &name);
 
@@ -96,11 +102,11 @@ public:
     /// as QTranslator::load() looks for it: "tavex_de_DE.qm", then "tavex_de.qm". False if none has
     /// it, if \a name is empty, or if \a translator is null. Qt does not check what is in a
     /// catalogue: a damaged file may crash the program.
-    static bool translationLoad(
+    [[nodiscard]] static bool translationLoad(
         QTranslator *translator, const QString &name, const QLocale &locale);
 
     /// The same, but looks in the folder of Qt's own catalogues first.
-    static bool qtTranslationLoad(
+    [[nodiscard]] static bool qtTranslationLoad(
         QTranslator *translator, const QString &name, const QLocale &locale);
 
     /// The base names of Qt's own catalogues that init() loads: "qt".

@@ -33,6 +33,9 @@ public:
 
     /// Loads all for \a locale, also those that are registered meanwhile. Under loadLock().
     static void loadAll(const QLocale &locale);
+
+    /// The names of those for which a catalogue was missing when they were last loaded.
+    static QStringList incomplete();
 };
 
 /// Loads the catalogue \a name for \a locale into \a translator from the first of \a folders that

@@ -16,6 +16,7 @@ struct ISEnum::Private
     QString name;
     QHash<qint64, QStringList> keys = {};
     QStringList order = {};
+    QHash<QString, qint64> values = {};
     std::atomic<bool> isComplete = false;
     bool isLoading = false; ///< Under loadLock().
 };
@@ -38,6 +39,8 @@ bool ISEnum::addKey(qint64 value, const QString &key)
         return false;
     d->keys[value].append(key);
     d->order.append(key);
+    if (!d->values.contains(key))
+        d->values.insert(key, value);
     return true;
 }
 
@@ -64,6 +67,60 @@ const QStringList &ISEnum::allKeys() const
 {
     load();
     return d->order;
+}
+
+std::optional<qint64> ISEnum::value(const QString &key) const
+{
+    load();
+    const auto value = d->values.constFind(key);
+    return value == d->values.cend() ? std::nullopt : std::optional(*value);
+}
+
+std::optional<qint64> ISEnum::parse(const QString &keys, bool isUnsigned) const
+{
+    const auto parsePart = [&](const QString &part) {
+        std::optional<qint64> result = value(part);
+        if (!result) {
+            bool isNumber = false;
+            const qint64 number = isUnsigned ? static_cast<qint64>(part.toULongLong(&isNumber))
+                                             : part.toLongLong(&isNumber);
+            if (isNumber)
+                result = number;
+        }
+        return result;
+    };
+    QString all = keys.trimmed();
+    const std::optional<qint64> single = parsePart(all);
+    if (single || !isFlags())
+        return single;
+    qint64 bits = 0;
+    for (const QString &part :
+        all.replace(QLatin1Char(','), QLatin1Char('|')).split(QLatin1Char('|'))) {
+        const std::optional<qint64> value = parsePart(part.trimmed());
+        if (!value)
+            return std::nullopt;
+        bits |= *value;
+    }
+    return bits;
+}
+
+QString ISEnum::print(qint64 value, bool isUnsigned) const
+{
+    load();
+    QStringList keys;
+    // As QMetaEnum::valueToKeys() does: combinations, which usually come last, before single bits.
+    if (isFlags() && !d->keys.contains(value)) {
+        for (auto key = d->order.crbegin(); key != d->order.crend(); ++key) {
+            const qint64 flags = d->values.value(*key);
+            if (flags != 0 && (value & flags) == flags) {
+                value &= ~flags;
+                keys.prepend(*key);
+            }
+        }
+    }
+    if (value != 0 || keys.isEmpty())
+        keys.append(text(value, isUnsigned, QLocale::c()));
+    return keys.join(QLatin1Char('|'));
 }
 
 QString ISEnum::text(qint64 value, bool isUnsigned, const QLocale &locale) const

@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 namespace Quorvex {
 
@@ -41,6 +42,15 @@ protected:
 
     /// All keys in the order in which they were added.
     [[nodiscard]] const QStringList &allKeys() const;
+
+    /// The value of \a key. Of several values with the same key, the first.
+    [[nodiscard]] std::optional<qint64> value(const QString &key) const;
+
+    /// What SEnumBase::keysToValue() and valueToKeys() do.
+    /// @{
+    [[nodiscard]] std::optional<qint64> parse(const QString &keys, bool isUnsigned) const;
+    [[nodiscard]] QString print(qint64 value, bool isUnsigned) const;
+    /// @}
 
     /// The last key of \a value, or else the number in decimal as \a locale writes it.
     [[nodiscard]] QString text(qint64 value, bool isUnsigned, const QLocale &locale) const;

@@ -150,7 +150,8 @@ struct SEnumTranslatorBase::Private
     QString name = {};
     QByteArray context = {};
 
-    bool isLoading = false; ///< Under loadLock().
+    bool isLoading = false;                 ///< Under loadLock().
+    std::atomic<bool> isIncomplete = false; ///< A catalogue was missing at the last load.
 
     // Under wordsLock.
     Words words = {};
@@ -247,6 +248,7 @@ bool SEnumTranslatorBase::load(const QLocale &locale, const QString &folder)
     if (loader && !d->draft)
         d->beginLoad();
     const bool loaded = _load(ownName, locale, folder);
+    d->isIncomplete = !loaded;
     if (loader)
         loader->load(this);
     return loaded;
@@ -297,6 +299,23 @@ bool SEnumTranslatorBase::contains(const QString &key, const EnumTranslationOpti
         const auto all = options | EnumTranslationOptions::NoKeyFallback;
         return !words.translate(context, key, all).isEmpty();
     });
+}
+
+QString SEnumTranslatorBase::wordsToKeys(const QString &words) const
+{
+    const QStringList all = keys();
+    const QStringList known = etr(all);
+    const auto toKey = [&](const QString &word) {
+        const auto found = std::ranges::find_if(known,
+            [&](const QString &entry) { return entry.compare(word, Qt::CaseInsensitive) == 0; });
+        return found == known.end() ? word : all.at(found - known.begin());
+    };
+    QStringList parts{words.trimmed()};
+    if (!known.contains(parts.constFirst(), Qt::CaseInsensitive))
+        parts = words.split(QLatin1Char(','));
+    for (QString &part : parts)
+        part = toKey(part.trimmed());
+    return parts.join(QLatin1Char(','));
 }
 
 void SEnumTranslatorBase::insert(
@@ -394,6 +413,18 @@ void EnumTranslators::loadAll(const QLocale &locale)
         loaded.insert(translator);
         translator->load(locale, folder());
     }
+}
+
+QStringList EnumTranslators::incomplete()
+{
+    Registry &r = registry.get();
+    const std::scoped_lock lock(r.mutex);
+    QStringList names;
+    for (const SEnumTranslatorBase *const translator : r.translators) {
+        if (translator->d->isIncomplete)
+            names.append(translator->d->name);
+    }
+    return names;
 }
 
 } // namespace Quorvex

@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 namespace Quorvex {
 
@@ -25,8 +26,10 @@ class TAVEX_EXPORT SEnumTranslatorBase
 {
 public:
     /// The words of the language, else those of the fallback, else the key.
-    static constexpr EnumTranslationOptions DefaultOptions =
-        EnumTranslationOptions::TranslateLocale | EnumTranslationOptions::TranslateFallback;
+    [[nodiscard]] static constexpr EnumTranslationOptions defaultOptions() noexcept
+    {
+        return EnumTranslationOptions::TranslateLocale | EnumTranslationOptions::TranslateFallback;
+    }
 
     Q_DISABLE_COPY_MOVE(SEnumTranslatorBase)
     /// Also takes the translator out of the registration. Waits for a load on another thread.
@@ -47,14 +50,18 @@ public:
 
     /// The words of a key, or of several keys separated by commas, which are then joined by ", ".
     [[nodiscard]] QString etr(
-        const QString &text, const EnumTranslationOptions &options = DefaultOptions) const;
+        const QString &text, const EnumTranslationOptions &options = defaultOptions()) const;
     /// The words of each of \a texts.
     [[nodiscard]] QStringList etr(
-        const QStringList &texts, const EnumTranslationOptions &options = DefaultOptions) const;
+        const QStringList &texts, const EnumTranslationOptions &options = defaultOptions()) const;
 
     /// Whether there are words for \a key, which may be the same as the key.
     [[nodiscard]] bool contains(
-        const QString &key, const EnumTranslationOptions &options = DefaultOptions) const;
+        const QString &key, const EnumTranslationOptions &options = defaultOptions()) const;
+
+    /// The inverse of etr(): \a words with a key in place of each that etr() gives for one of
+    /// keys(), in upper or lower case. Several are separated by commas. What is no such word stays.
+    [[nodiscard]] QString wordsToKeys(const QString &words) const;
 
     /// Sets the run-time texts of \a key: in the current language, and the fallback. They are lost
     /// at the next load; ISEnumRuntimeLoader adds them anew each time.
@@ -90,6 +97,12 @@ template <typename Table>
 class SEnumTranslator : public SEnumTranslatorBase
 {
 public:
+    /// The value of \a words of the current language, or of keys; as SEnumBase::keysToValue().
+    [[nodiscard]] std::optional<typename Table::Enum> wordsToValue(const QString &words) const
+    {
+        return Table::instance().keysToValue(wordsToKeys(words));
+    }
+
     /// That of the key table.
     [[nodiscard]] QString name() const override { return Table::instance().name(); }
     /// Those of the key table.

@@ -13,7 +13,8 @@ namespace Quorvex {
 /// Whole reads, writes and copies on any device, unused file names, and files and folders that are
 /// deleted when the library is unloaded.
 ///
-/// All members may be called from any thread; a device is used by one thread at a time.
+/// All members may be called from any thread; a device is used by one thread at a time. Why reading
+/// or writing failed, errorString() of the device tells.
 class TAVEX_EXPORT SFileHelper
 {
 public:
@@ -69,9 +70,10 @@ public:
 
     // What is registered here is deleted by deleteNow(), and at the latest when the library is
     // unloaded or the process ends by returning from main() or calling exit(). Relative paths count
-    // from where the process is when they are registered; links in a path are followed when it is
-    // deleted, also before a "..", but for the last name. A child that the process forked deletes
-    // nothing of what its parent registered. Each returns its argument, a temporary one by value.
+    // from the folder that is current when they are registered; links in a path are followed when
+    // it is deleted, also before a "..", but for the last name. A child that the process forked
+    // deletes nothing of what its parent registered. Each returns its argument, a temporary one by
+    // value.
 
     /// Registers a file, which need not exist. An empty path is ignored, as is a relative one where
     /// the current folder has been removed.

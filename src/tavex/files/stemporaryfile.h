@@ -8,7 +8,7 @@ namespace Quorvex {
 
 /// A file that is closed and deleted with its object. It is made, like that of any QFile, when it
 /// is opened; then it is readable and writable for this user only. A relative name counts from
-/// where the process is when it is given, and fileName() is absolute.
+/// the folder that is current when it is given, and fileName() is absolute.
 ///
 /// It has no members of its own: its layout is that of QFile.
 class TAVEX_EXPORT STemporaryFile : public QFile
@@ -27,8 +27,8 @@ public:
     ~STemporaryFile() override;
 
     using QFile::open;
-    /// As QFile does it; false without a word in the log if it is open or has no name. The file is
-    /// open to this user alone, under Linux by its mode 0600.
+    /// Opens as QFile does, but logs nothing if it is open already or has no name. Only this user
+    /// may use the file, under Linux by its mode 0600.
     [[nodiscard]] bool open(OpenMode mode) override;
 };
 

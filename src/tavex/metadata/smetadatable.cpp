@@ -53,6 +53,14 @@ public:
         return list;
     }
 
+    /// Whether each value here equals the one that \a other has.
+    [[nodiscard]] bool isPartOf(const SMetadatable &other) const
+    {
+        return std::ranges::all_of(m_entries, [&other](const Entry &entry) {
+            return entry.value->equalsTo(other.metadata(entry.id));
+        });
+    }
+
     [[nodiscard]] qsizetype size() const { return static_cast<qsizetype>(m_entries.size()); }
 
     /// Keeps \a value, which equals the stored one.
@@ -64,6 +72,7 @@ public:
     {
         if (const auto own = m_spares.extract({id, value}))
             static_cast<void>(own.mapped().release());
+        m_entries.reserve(8); // The first time; few objects have more.
         const auto entry = place(id);
         if (!isAt(entry, id)) {
             m_entries.insert(entry, Entry{id, std::unique_ptr<IMetadata>(value)});
@@ -170,12 +179,8 @@ SMetadatable::~SMetadatable()
 
 bool SMetadatable::operator==(const SMetadatable &other) const
 {
-    if (this == &other)
-        return true;
-    const QList<quint64> ids = d ? d->ids() : QList<quint64>();
-    return metadataCount() == other.metadataCount() && std::ranges::all_of(ids, [&](quint64 id) {
-        return d->find(id)->equalsTo(other.metadata(id));
-    });
+    return this == &other
+        || (metadataCount() == other.metadataCount() && (!d || d->isPartOf(other)));
 }
 
 void SMetadatable::clearMetadata()

@@ -33,6 +33,7 @@ public:
     /// The name of \a Own without namespace.
     [[nodiscard]] QString name() override { return SClassName::name(typeid(Own)); }
     using Interfaces::IMetadata::name;
+    /// The number of \a Own, as uniqueId() gives it.
     [[nodiscard]] quint64 id() const override { return uniqueId(); }
     /// The id() of every \a Own.
     [[nodiscard]] static quint64 uniqueId() { return typeid(Own).hash_code(); }

@@ -423,8 +423,17 @@ void IProgress::Private::setChildren(int value)
 
 void IProgress::Private::abortChildren()
 {
-    Change::start(
-        *this, std::unique_lock(*family), [this](Change &change) { change.abortChildren(this); });
+    const std::shared_ptr<Family> keep = family; // A slot may delete the pool.
+    std::unique_lock lock(*keep);
+    if (family->running > 0 || !peers[Abort].isEmpty()) {
+        Change::start(
+            *this, std::move(lock), [this](Change &change) { change.abortChildren(this); });
+        return;
+    }
+    // As for each child's signal, when all are aborted.
+    Change::calling(*this);
+    storeAbort();
+    announce(Abort, 0);
 }
 
 void IProgress::Private::followChildren()

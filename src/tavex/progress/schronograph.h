@@ -11,7 +11,7 @@ class SChronograph
 {
 public:
     /// Starts; \a elapsed has to live as long as the object and its copies.
-    explicit SChronograph(int *elapsed = nullptr)
+    [[nodiscard]] explicit SChronograph(int *elapsed = nullptr)
         : m_start(QTime::currentTime())
         , m_elapsed(elapsed)
     {

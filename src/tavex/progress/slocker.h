@@ -13,7 +13,7 @@ public:
     Q_DISABLE_COPY_MOVE(SLocker)
 
     /// Waits for \a lockable, which has to outlive the object.
-    explicit SLocker(const Interfaces::ILockable *lockable)
+    [[nodiscard]] explicit SLocker(const Interfaces::ILockable *lockable)
         : m_lockable(const_cast<Interfaces::ILockable *>(lockable))
     {
         if (m_lockable)

@@ -24,4 +24,9 @@ void SProgress::abort()
     IProgress::abort();
 }
 
+void SProgress::reset()
+{
+    IProgress::reset();
+}
+
 } // namespace Quorvex

@@ -11,6 +11,9 @@ class TAVEX_EXPORT SProgress : public QObject, public Quorvex::Interfaces::IProg
 {
     Q_OBJECT
     Q_INTERFACES(Quorvex::Interfaces::IProgress)
+    /// reset() clears \c aborted without a signal of its own; \c progress is 0 then.
+    Q_PROPERTY(int progress READ progress WRITE setProgress NOTIFY reportProgress)
+    Q_PROPERTY(bool aborted READ isAborted NOTIFY aborting)
 
 public:
     /// At 0, not aborted and without peers.
@@ -22,6 +25,8 @@ public Q_SLOTS:
     void setProgress(int value) override;
     /// As IProgress says; emits aborting() the first time.
     void abort() override;
+    /// As IProgress says.
+    void reset() override;
 
 Q_SIGNALS:
     /// The progress is now \a value. Setting what is already set does not emit.

@@ -10,7 +10,7 @@ class SProgressDefaulter
 {
 public:
     /// Resets \a progress, which has to outlive the object.
-    explicit SProgressDefaulter(Interfaces::IProgress *progress = nullptr)
+    [[nodiscard]] explicit SProgressDefaulter(Interfaces::IProgress *progress = nullptr)
         : m_progress(progress)
     {
         if (m_progress)

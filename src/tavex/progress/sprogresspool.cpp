@@ -72,4 +72,9 @@ void SProgressPool::onProgressChanged()
     d->followChildren();
 }
 
+void SProgressPool::reset()
+{
+    IProgress::reset();
+}
+
 } // namespace Quorvex

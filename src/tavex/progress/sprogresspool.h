@@ -17,6 +17,10 @@ class TAVEX_EXPORT SProgressPool : public QObject, public IProgress
 {
     Q_OBJECT
     Q_INTERFACES(Quorvex::Interfaces::IProgress)
+    /// reset() clears \c aborted without a signal of its own.
+    Q_PROPERTY(int progress READ progress WRITE setProgress NOTIFY reportProgress)
+    Q_PROPERTY(bool aborted READ isAborted NOTIFY aborting)
+    Q_PROPERTY(int count READ count CONSTANT)
 
 public:
     /// A pool of \a count children, of none if that is below 1.
@@ -48,6 +52,10 @@ public Q_SLOTS:
 
 private Q_SLOTS:
     void onProgressChanged();
+
+public Q_SLOTS:
+    /// Sets all children to 0 and clears the pool's own abort; the children stay aborted.
+    void reset() override;
 
 Q_SIGNALS:
     /// The progress of the pool is now \a value.

@@ -2,9 +2,10 @@
 
 #include <tavex/core/export.h>
 
+#include <QDeadlineTimer>
 #include <QObject>
 
-#include <atomic>
+#include <memory>
 
 namespace Quorvex {
 
@@ -17,14 +18,22 @@ class TAVEX_EXPORT SSignalResult : public QObject
 public:
     /// Without an outcome.
     explicit SSignalResult(QObject *parent = nullptr);
+    ~SSignalResult() override;
 
     /// Whether the outcome is a success; false also as long as there is none.
     [[nodiscard]] bool succeeded() const;
+    /// Whether there is no outcome yet. If there is one, and not a success, it is a failure.
+    [[nodiscard]] bool isPending() const;
 
     /// Runs an event loop until finished() is emitted, then returns succeeded(). It only hears of
     /// what comes after the call: with an outcome already told, it does not return. Without a
     /// QCoreApplication no loop runs, and it returns at once.
     bool waitResult();
+
+    /// Runs an event loop until there is an outcome or \a deadline is over, and not at all if there
+    /// is one already; then returns succeeded(). If the time was not enough, isPending() is true.
+    /// Without a QCoreApplication it returns at once.
+    bool waitResult(QDeadlineTimer deadline);
 
 public Q_SLOTS:
     /// Tells the outcome. The first call stays and emits finished(); further ones do nothing.
@@ -38,9 +47,11 @@ Q_SIGNALS:
     void finished();
 
 private:
+    class Private;
+
     void finish(int result);
 
-    std::atomic<int> m_result = -1; ///< Pending; 0: success, 1: failure.
+    const std::unique_ptr<Private> d;
 };
 
 } // namespace Quorvex

@@ -12,7 +12,8 @@ class QFile;
 /// \file
 /// What the library needs from the operating system. One source per system, picked by CMake,
 /// defines all of it: platform_unix.cpp and platform_win.cpp. Every function may be called from
-/// any thread; where a system has no such thing, texts are empty and results false or 0.
+/// any thread; where a system has no such thing, texts are empty and results false or 0. Why
+/// makePrivateDirectory() or a NewFile has failed, qt_error_string() tells right afterwards.
 
 namespace Quorvex::Platform {
 
