@@ -53,10 +53,10 @@ public:
     [[nodiscard]] virtual int progress() const;
 
     /// Sets the progress to \a value, cut to 0 to 100, and passes \a value itself on to each
-    /// progress peer whose progress differs. That also happens after an abort. Where it would go on
-    /// without end, a peer is not asked for what it is just being asked for. If peers that could
-    /// agree do not in the end, all that links reach from here is set to \a value: peers, children
-    /// of pools, and the pools of children, if those have peers.
+    /// progress peer whose progress differs. That also happens after an abort. If asking would go
+    /// on without end, or if peers that could agree do not in the end, all that links reach from
+    /// here is set to \a value: peers, children of pools, and the pools of children, if those have
+    /// peers.
     virtual void setProgress(int value);
 
     /// Makes \a a and \a b peers of each other; that changes no progress. False, without effect, if
