@@ -153,9 +153,9 @@ IProgress *IProgress::Private::Change::Step::nextPeer()
 
 IProgress::Private *IProgress::Private::Change::Step::nextChild()
 {
-    const Family &family = *reporter->family;
-    while (children < family.children.size() && (kind == Progress || family.running > 0)) {
-        Private *const child = family.children[children++];
+    const Family &siblings = *reporter->family;
+    while (children < siblings.children.size() && (kind == Progress || siblings.running > 0)) {
+        Private *const child = siblings.children[children++];
         if (child && (kind == Progress || !child->isAborted()))
             return child;
     }
