@@ -153,9 +153,9 @@ IProgress *IProgress::Private::Change::Step::nextPeer()
 
 IProgress::Private *IProgress::Private::Change::Step::nextChild()
 {
-    const Family &family = *reporter->family;
-    while (children < family.children.size() && (kind == Progress || family.running > 0)) {
-        Private *const child = family.children[children++];
+    const Family &all = *reporter->family;
+    while (children < all.children.size() && (kind == Progress || all.running > 0)) {
+        Private *const child = all.children[children++];
         if (child && (kind == Progress || !child->isAborted()))
             return child;
     }
