@@ -9,6 +9,7 @@ SProgressPool::SProgressPool(int count, QObject *parent)
 {
     d->family->pool = d.get();
     d->updateShared();
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the pool is the parent.
     for (int i = 0; i < count; ++i) {
         auto *const child = new SProgress(this);
         d->adopt(child->IProgress::d.get());

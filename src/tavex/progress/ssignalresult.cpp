@@ -45,7 +45,7 @@ bool SSignalResult::waitResult()
     return succeeded();
 }
 
-bool SSignalResult::waitResult(QDeadlineTimer deadline)
+bool SSignalResult::waitResult(QDeadlineTimer deadline) const
 {
     if (!QCoreApplication::instance())
         return succeeded();
