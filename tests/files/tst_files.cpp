@@ -139,7 +139,8 @@ private Q_SLOTS:
             QString error;
             QCOMPARE(
                 SFileHelper::copyDevice(&full, &target, 1000, &error), size == 0 && full.isOpen());
-            QVERIFY(size == 0 || !full.isOpen() || error == qt_error_string(ENOSPC));
+            // Each system has words of its own for it.
+            QCOMPARE(error.isEmpty() || error == QFile().errorString(), size == 0 && full.isOpen());
         }
     }
 
