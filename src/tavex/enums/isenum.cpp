@@ -11,7 +11,7 @@
 
 namespace Quorvex {
 
-struct ISEnum::Private
+struct Q_DECL_HIDDEN ISEnum::Private
 {
     QString name;
     QHash<qint64, QStringList> keys = {};

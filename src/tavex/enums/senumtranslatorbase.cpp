@@ -139,7 +139,7 @@ struct Words
 
 } // namespace
 
-struct SEnumTranslatorBase::Private
+struct Q_DECL_HIDDEN SEnumTranslatorBase::Private
 {
     SEnumTranslatorBase *const translator;
 

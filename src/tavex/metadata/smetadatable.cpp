@@ -29,7 +29,7 @@ std::unique_ptr<IMetadata> cloneOf(const IMetadata &value)
 } // namespace
 
 /// What the container holds.
-class SMetadatable::Private
+class Q_DECL_HIDDEN SMetadatable::Private
 {
 public:
     /// The value under \a id, or null.

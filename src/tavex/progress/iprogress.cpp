@@ -13,7 +13,7 @@ namespace Quorvex::Interfaces {
 /// may be of any length.
 ///
 /// What a slot changes is a change of its own, which is through when its call returns.
-class IProgress::Private::Change
+class Q_DECL_HIDDEN IProgress::Private::Change
 {
 public:
     Q_DISABLE_COPY_MOVE(Change)

@@ -8,7 +8,7 @@
 namespace Quorvex::Interfaces {
 
 /// The state of a reporter. It outlives the reporter while a change is on its way through it.
-class IProgress::Private
+class Q_DECL_HIDDEN IProgress::Private
 {
 public:
     Q_DISABLE_COPY_MOVE(Private)
@@ -89,7 +89,7 @@ private:
 };
 
 template <typename Reporter>
-class IProgress::Private::Signalling : public Private
+class Q_DECL_HIDDEN IProgress::Private::Signalling : public Private
 {
     void announce(Kind kind, int progress) const override
     {

@@ -10,7 +10,7 @@
 
 namespace Quorvex {
 
-class SSignalResult::Private
+class Q_DECL_HIDDEN SSignalResult::Private
 {
 public:
     static constexpr int pending = -1;
