@@ -33,7 +33,7 @@ public:
     /// Runs an event loop until there is an outcome or \a deadline is over, and not at all if there
     /// is one already; then returns succeeded(). If the time was not enough, isPending() is true.
     /// Without a QCoreApplication it returns at once.
-    bool waitResult(QDeadlineTimer deadline) const;
+    [[nodiscard]] bool waitResult(QDeadlineTimer deadline) const;
 
 public Q_SLOTS:
     /// Tells the outcome. The first call stays and emits finished(); further ones do nothing.
