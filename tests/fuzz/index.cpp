@@ -26,7 +26,7 @@ int LLVMFuzzerTestOneInput(const uchar *data, std::size_t size)
         for (const QString &key : keys)
             check(cache.contains(key) && cache.value(key).isEmpty());
         if (!keys.isEmpty()) {
-            const QString key = keys.constFirst();
+            const QString &key = keys.constFirst();
             check(!cache.insert(key, "value") || cache.value(key) == "value");
             check(cache.remove(key) && !cache.contains(key));
             cache.clear();
